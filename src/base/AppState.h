@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <array>
+
+// The state every window shares. One instance, owned by the application object and handed to
+// whoever needs it.
+struct AppState {
+    static constexpr int SettingsCount = 23;
+    static constexpr int ParameterFieldCount = 11;
+    static constexpr int SystemParameterTextCount = 9;
+
+    QString ProgramDirectory;
+    qint16 CommPortNumber = 1;
+    std::array<QString, SettingsCount> SettingsValues;
+    qint32 LastReceiveTime = 0;
+    float TimeInterval = 0.0f;
+    std::array<QString, ParameterFieldCount> ParameterFields;
+    std::array<QString, SystemParameterTextCount> SystemParameterText;
+
+    bool TempBarVisible = false;
+    bool SystemStatusVisible = false;
+    bool DownloadFromWindow = false;
+    bool PlotSaved = false;
+
+    // Chart engine state shared with the settings and the graph settings panel.
+    qint16 TimeUnitIndex = 0;
+    double RunningYMax = 0.0;
+    double RunningYMin = 0.0;
+    bool GraphSettingsOpen = false;
+
+    // A work file directly in the program directory, "Settings.dat" for example.
+    QString filePath(const QString& name) const { return ProgramDirectory + QLatin1Char('/') + name; }
+};

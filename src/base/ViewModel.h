@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <vector>
+
+class ViewModel;
+
+// Colours are kept as 0xRRGGBB; -1 means the control's default colour.
+namespace Colors {
+constexpr qint64 Default = -1;
+constexpr qint64 Red = 0xFF0000;
+constexpr qint64 Green = 0x00FF00;
+constexpr qint64 Yellow = 0xFFFF00;
+// The instrument software's own constants are blue-green-red; this turns one into 0xRRGGBB.
+constexpr qint64 fromBgr(quint32 bgr)
+{
+    return ((bgr & 0xFF) << 16) | (bgr & 0xFF00) | ((bgr >> 16) & 0xFF);
+}
+} // namespace Colors
+
+// The state of one control of a window: what the view shows of it. Every setter that changes
+// something tells the owning model, which coalesces the changes into one `changed` signal.
+class Control {
+public:
+    Control(ViewModel* owner, QString name, QString caption = {});
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    const QString& name() const { return name_; }
+    const QString& caption() const { return caption_; }
+    bool checked() const { return checked_; }
+    bool enabled() const { return enabled_; }
+    bool visible() const { return visible_; }
+    qint64 foreColor() const { return foreColor_; }
+    qint64 backColor() const { return backColor_; }
+
+    void setCaption(const QString& caption);
+    void setChecked(bool checked);
+    void setEnabled(bool enabled);
+    void setVisible(bool visible);
+    void setForeColor(qint64 rgb);
+    void setBackColor(qint64 rgb);
+
+private:
+    ViewModel* owner_;
+    QString name_;
+    QString caption_;
+    bool checked_ = false;
+    bool enabled_ = true;
+    bool visible_ = true;
+    qint64 foreColor_ = Colors::Default;
+    qint64 backColor_ = Colors::Default;
+};
+
+// A window's plain state. The view renders it on `changed`, which fires at most once per pass
+// of the event loop however many controls changed.
+class ViewModel : public QObject {
+    Q_OBJECT
+public:
+    explicit ViewModel(QObject* parent = nullptr);
+
+    const std::vector<Control*>& controls() const { return controls_; }
+    Control* control(const QString& name) const;
+    void markDirty();
+
+signals:
+    void changed();
+
+protected:
+    friend class Control;
+    void registerControl(Control* control) { controls_.push_back(control); }
+
+private:
+    void flush();
+    std::vector<Control*> controls_;
+    bool pending_ = false;
+};
