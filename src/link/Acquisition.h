@@ -1,0 +1,76 @@
+#pragma once
+
+#include "store/LastObtainedFile.h"
+
+#include <QObject>
+#include <QTimer>
+
+struct AppState;
+class AcquisitionWindows;
+class Beeper;
+class Clock;
+class GraphingFunctions;
+class MainWindowModel;
+class Prompter;
+class SerialPort;
+class StoredPointsController;
+
+// The acquisition commands of the main window: real-time sensing, download of stored readings
+// and Stop, with the transmission watchdog and the alarm beep. The mode is nothing but the check
+// marks of mnuSenseTemperature and mnuDownloadData.
+class Acquisition : public QObject {
+    Q_OBJECT
+public:
+    Acquisition(AppState& state, MainWindowModel& main, SerialPort& port, GraphingFunctions& chart,
+        Prompter& prompter, Clock& clock, Beeper& beeper, AcquisitionWindows& windows,
+        QObject* parent = nullptr);
+
+    void setStoredPoints(StoredPointsController* storedPoints) { storedPoints_ = storedPoints; }
+
+    // Opens (start) or closes the port, dropping whatever waited in its buffers. False when the
+    // port could not be opened; the reason is told to the operator.
+    bool AcquireData(bool start);
+
+    void mnuSenseTemperature_Click();
+    void mnuDownloadData_Click();
+    void mnuStop_Click();
+
+    void tmrCheckTransmission_Timer();
+    void tmrBeep_Timer();
+
+    QTimer& tmrCheckTransmission() { return tmrCheckTransmission_; }
+    QTimer& tmrBeep() { return tmrBeep_; }
+    LastObtainedFile& lastObtainedFile() { return lastObtained_; }
+    bool TransmissionLost = false;
+
+    bool realTimeMode() const;
+    bool downloadMode() const;
+    bool isUnloadingStoredPoints() const { return unloadingStoredPoints_; }
+
+    // How often the watchdog looks; it compares whole seconds, so a finer tick buys nothing.
+    static constexpr int WatchdogIntervalMs = 200;
+    static constexpr int BeepIntervalMs = 250;
+
+signals:
+    // The port was opened or closed by the acquisition commands.
+    void portStateChanged(bool open);
+
+private:
+    void reinitializeChart();
+    bool audibleAlarmOn() const;
+
+    AppState& state_;
+    MainWindowModel& main_;
+    SerialPort& port_;
+    GraphingFunctions& chart_;
+    Prompter& prompter_;
+    Clock& clock_;
+    Beeper& beeper_;
+    AcquisitionWindows& windows_;
+    StoredPointsController* storedPoints_ = nullptr;
+    LastObtainedFile lastObtained_;
+    QTimer tmrCheckTransmission_;
+    QTimer tmrBeep_;
+    bool inWatchdogTick_ = false;
+    bool unloadingStoredPoints_ = false;
+};

@@ -1,0 +1,96 @@
+#include "StoredPointsController.h"
+
+#include "Acquisition.h"
+#include "base/AppState.h"
+#include "base/Clock.h"
+#include "store/DataPointStore.h"
+
+namespace {
+const QString StartCaption = QStringLiteral("START RECEIVING");
+const QString StopCaption = QStringLiteral("STOP RECEIVING");
+const QString IdleCaption = QStringLiteral("STORED DATA POINTS...");
+} // namespace
+
+StoredPointsController::StoredPointsController(AppState& state, StoredPointsModel& model,
+    DataPointStore& store, Acquisition& acquisition, Clock& clock, QObject* parent)
+    : QObject(parent)
+    , state_(state)
+    , model_(model)
+    , store_(store)
+    , acquisition_(acquisition)
+    , clock_(clock)
+{
+    blinkTimer_.setInterval(BlinkIntervalMs);
+    connect(&blinkTimer_, &QTimer::timeout, this, &StoredPointsController::BlinkTimer_Timer);
+}
+
+void StoredPointsController::Form_Load()
+{
+    state_.DownloadFromWindow = true;
+    store_.clear();
+    model_.lblAcquiredPoints.setCaption(IdleCaption);
+    model_.cmdStartDownload.setCaption(StartCaption);
+}
+
+void StoredPointsController::Form_Unload()
+{
+    if (!state_.DownloadFromWindow)
+        return;
+    blinkTimer_.stop();
+    state_.DownloadFromWindow = false;
+    // Closing the window ends the download mode, unless that command is what closes it.
+    if (!acquisition_.isUnloadingStoredPoints())
+        acquisition_.mnuDownloadData_Click();
+}
+
+bool StoredPointsController::isReceiving() const
+{
+    return model_.cmdStartDownload.caption() != StartCaption;
+}
+
+void StoredPointsController::cmdStartDownload_Click()
+{
+    if (!isReceiving()) {
+        model_.lblAcquiredPoints.setForeColor(Colors::Red);
+        model_.lblAcquiredPoints.setCaption(QStringLiteral("WAITING..."));
+        model_.cmdStartDownload.setCaption(StopCaption);
+        model_.cmdStartDownload.setBackColor(Colors::Red);
+        if (!acquisition_.AcquireData(true)) {
+            // Nothing can arrive on a port that did not open: straight back to idle.
+            cmdStartDownload_Click();
+            return;
+        }
+        state_.LastReceiveTime = clock_.secondsSinceMidnight();
+        acquisition_.tmrCheckTransmission().start();
+        model_.cmdSaveToTxtFile.setEnabled(false);
+        model_.cmdSaveToExcel.setEnabled(false);
+        model_.cmdClearAcqPts.setEnabled(false);
+        return;
+    }
+    acquisition_.AcquireData(false);
+    model_.lblAcquiredPoints.setForeColor(Colors::Yellow);
+    model_.lblAcquiredPoints.setCaption(IdleCaption);
+    model_.cmdStartDownload.setCaption(StartCaption);
+    model_.cmdStartDownload.setBackColor(Colors::Green);
+    state_.LastReceiveTime = clock_.secondsSinceMidnight();
+    acquisition_.tmrCheckTransmission().stop();
+    model_.cmdSaveToTxtFile.setEnabled(true);
+    model_.cmdSaveToExcel.setEnabled(true);
+    model_.cmdClearAcqPts.setEnabled(true);
+    blinkTimer_.stop();
+}
+
+void StoredPointsController::cmdClearAcqPts_Click() { store_.clear(); }
+
+void StoredPointsController::BlinkTimer_Timer()
+{
+    const bool green = model_.lblAcquiredPoints.foreColor() == Colors::Green;
+    model_.lblAcquiredPoints.setForeColor(green ? Colors::Red : Colors::Green);
+}
+
+void StoredPointsController::showReceiving()
+{
+    model_.lblAcquiredPoints.setCaption(QStringLiteral("RECEIVING..."));
+    if (!blinkTimer_.isActive())
+        blinkTimer_.start();
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "StoredPointsModel.h"
+
+#include <QObject>
+#include <QTimer>
+
+struct AppState;
+class Acquisition;
+class Clock;
+class DataPointStore;
+
+// The stored points window's handlers: the start/stop button of the transfer, the blinking
+// label while records arrive, and the clear button.
+class StoredPointsController : public QObject {
+    Q_OBJECT
+public:
+    StoredPointsController(AppState& state, StoredPointsModel& model, DataPointStore& store,
+        Acquisition& acquisition, Clock& clock, QObject* parent = nullptr);
+
+    void Form_Load();
+    void Form_Unload();
+    void cmdStartDownload_Click();
+    void cmdClearAcqPts_Click();
+    void BlinkTimer_Timer();
+    // A record arrived: the label says so and starts blinking.
+    void showReceiving();
+
+    bool isReceiving() const;
+    QTimer& BlinkTimer() { return blinkTimer_; }
+
+    static constexpr int BlinkIntervalMs = 500;
+
+private:
+    AppState& state_;
+    StoredPointsModel& model_;
+    DataPointStore& store_;
+    Acquisition& acquisition_;
+    Clock& clock_;
+    QTimer blinkTimer_;
+};

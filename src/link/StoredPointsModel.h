@@ -1,0 +1,17 @@
+#pragma once
+
+#include "base/ViewModel.h"
+
+// The stored points window's state; the text box itself is the data point store.
+class StoredPointsModel : public ViewModel {
+    Q_OBJECT
+public:
+    using ViewModel::ViewModel;
+
+    Control frmAcquiredPoints { this, "frmAcquiredPoints", "STORED DATA POINTS" };
+    Control lblAcquiredPoints { this, "lblAcquiredPoints", "ACQUIRED DATA POINTS..." };
+    Control cmdStartDownload { this, "cmdStartDownload", "START RECEIVING" };
+    Control cmdSaveToTxtFile { this, "cmdSaveToTxtFile", "SAVE TO TXT FILE" };
+    Control cmdSaveToExcel { this, "cmdSaveToExcel", "SAVE TO EXCEL FILE" };
+    Control cmdClearAcqPts { this, "cmdClearAcqPts", "CLEAR DISPLAY" };
+};

@@ -1,0 +1,42 @@
+#include "SettingsFile.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace SettingsFile {
+
+bool Read(const QString& path, Values& values)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    for (int i = 0; i < Count && !file.atEnd(); ++i) {
+        QByteArray line = file.readLine(MaxLineLength + 1);
+        if (!line.endsWith('\n')) {
+            // An overlong line: skip the rest of it.
+            while (!file.atEnd()) {
+                const QByteArray rest = file.readLine(64 * 1024);
+                if (rest.endsWith('\n'))
+                    break;
+            }
+        }
+        while (line.endsWith('\n') || line.endsWith('\r'))
+            line.chop(1);
+        values[i] = QString::fromLatin1(line.left(MaxLineLength));
+    }
+    return true;
+}
+
+bool Write(const QString& path, const Values& values)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    for (const QString& value : values) {
+        file.write(value.toLatin1());
+        file.write("\r\n", 2);
+    }
+    return file.commit();
+}
+
+} // namespace SettingsFile

@@ -1,0 +1,77 @@
+#include "StoredPointsWindow.h"
+
+#include "ModelBinder.h"
+#include "link/StoredPointsController.h"
+#include "link/StoredPointsModel.h"
+#include "store/DataPointStore.h"
+#include "ui_StoredPointsWindow.h"
+
+#include <QCloseEvent>
+#include <QScrollBar>
+
+StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model,
+    StoredPointsController& controller, DataPointStore& store, QWidget* parent)
+    : QWidget(parent, Qt::Window)
+    , ui_(std::make_unique<Ui::frmAcquiredPoints>())
+    , controller_(controller)
+    , store_(store)
+{
+    ui_->setupUi(this);
+    QFont mono(QStringLiteral("Monospace"));
+    mono.setStyleHint(QFont::TypeWriter);
+    ui_->txtDataPointsDisplay->setFont(mono);
+    ui_->txtDataPointsDisplay->setTabStopDistance(8 * QFontMetricsF(mono).horizontalAdvance(QLatin1Char(' ')));
+    QFont big = ui_->lblAcquiredPoints->font();
+    big.setPointSize(big.pointSize() + 4);
+    big.setBold(true);
+    ui_->lblAcquiredPoints->setFont(big);
+    ui_->lblAcquiredPoints->setAutoFillBackground(true);
+    ui_->lblAcquiredPoints->setProperty("baseStyle", QStringLiteral("background-color: #202020;"));
+    ui_->lblAcquiredPoints->setStyleSheet(QStringLiteral("background-color: #202020; color: #e0e0e0;"));
+
+    binder_ = new ModelBinder(model, *this);
+    binder_->onClicked(QStringLiteral("cmdStartDownload"), [this] { controller_.cmdStartDownload_Click(); });
+    binder_->onClicked(QStringLiteral("cmdClearAcqPts"), [this] { controller_.cmdClearAcqPts_Click(); });
+
+    connect(&store_, &DataPointStore::appended, this, [this](const QString& chunk) {
+        QPlainTextEdit* box = ui_->txtDataPointsDisplay;
+        const bool atEnd = box->verticalScrollBar()->value() == box->verticalScrollBar()->maximum();
+        QTextCursor cursor(box->document());
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText(QString(chunk).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+        if (atEnd)
+            box->verticalScrollBar()->setValue(box->verticalScrollBar()->maximum());
+    });
+    connect(&store_, &DataPointStore::replaced, this, [this] {
+        ui_->txtDataPointsDisplay->setPlainText(
+            QString(store_.text()).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    });
+}
+
+StoredPointsWindow::~StoredPointsWindow() = default;
+
+void StoredPointsWindow::load()
+{
+    if (!loaded_) {
+        loaded_ = true;
+        controller_.Form_Load();
+    }
+    show();
+    raise();
+    activateWindow();
+}
+
+void StoredPointsWindow::unload()
+{
+    if (!loaded_)
+        return;
+    loaded_ = false;
+    hide();
+    controller_.Form_Unload();
+}
+
+void StoredPointsWindow::closeEvent(QCloseEvent* event)
+{
+    unload();
+    event->accept();
+}
