@@ -31,5 +31,8 @@ struct AppState {
     bool GraphSettingsOpen = false;
 
     // A work file directly in the program directory, "Settings.dat" for example.
-    QString filePath(const QString& name) const { return ProgramDirectory + QLatin1Char('/') + name; }
+    QString filePath(const QString& name) const
+    {
+        return ProgramDirectory + QLatin1Char('/') + name;
+    }
 };

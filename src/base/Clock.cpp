@@ -8,10 +8,7 @@ qint32 Clock::secondsSinceMidnight() const
     return static_cast<qint32>(Numbers::RoundHalfEven(time.msecsSinceStartOfDay() / 1000.0));
 }
 
-QString Clock::dateText() const
-{
-    return now().date().toString(QStringLiteral("MM/dd/yy"));
-}
+QString Clock::dateText() const { return now().date().toString(QStringLiteral("MM/dd/yy")); }
 
 QString Clock::timeText() const
 {
@@ -22,4 +19,14 @@ QString Clock::timeText() const
         .arg(time.minute(), 2, 10, QLatin1Char('0'))
         .arg(time.second(), 2, 10, QLatin1Char('0'))
         .arg(time.hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM"));
+}
+
+qint32 SystemClock::secondsSinceMidnight() const
+{
+    const qint64 elapsed = monotonic_.elapsed();
+    if (baseMonotonicMs_ < 0 || elapsed - baseMonotonicMs_ >= 1000) {
+        baseMonotonicMs_ = elapsed;
+        baseTimeOfDayMs_ = QTime::currentTime().msecsSinceStartOfDay();
+    }
+    return static_cast<qint32>((baseTimeOfDayMs_ + (elapsed - baseMonotonicMs_) + 500) / 1000);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QString>
 
 // The time of day. The system clock in the program, a settable one in tests.
@@ -17,12 +18,16 @@ public:
     QString timeText() const;
 };
 
+// The computer's clock. The time of day is read for every received character, so it is taken
+// from the wall clock at most once a second and carried forward by the monotonic clock between.
 class SystemClock final : public Clock {
 public:
+    SystemClock() { monotonic_.start(); }
     QDateTime now() const override { return QDateTime::currentDateTime(); }
-    // Read for every received character, so it skips the date and time-zone work.
-    qint32 secondsSinceMidnight() const override
-    {
-        return (QTime::currentTime().msecsSinceStartOfDay() + 500) / 1000;
-    }
+    qint32 secondsSinceMidnight() const override;
+
+private:
+    QElapsedTimer monotonic_;
+    mutable qint64 baseMonotonicMs_ = -1;
+    mutable qint64 baseTimeOfDayMs_ = 0;
 };

@@ -18,7 +18,8 @@ public:
     Control mnuFile { this, "mnuFile", "&FILE" };
     Control mnuLoadFile { this, "mnuLoadFile", "&LOAD FILE (In NotePad)" };
     Control mnuSaveFile { this, "mnuSaveFile", "&SAVE FILE (TEXT FILE)" };
-    Control mnuCreateExcelFile { this, "mnuCreateExcelFile", "&CREATE EXCEL FILE WITH ACQUIRED POINTS" };
+    Control mnuCreateExcelFile { this, "mnuCreateExcelFile",
+        "&CREATE EXCEL FILE WITH ACQUIRED POINTS" };
     // &STOP, a command on the menu bar itself
     Control mnuStop { this, "mnuStop", "&STOP" };
     // CO&MMAND
@@ -29,7 +30,8 @@ public:
     // &VIEW
     Control mnuView { this, "mnuView", "&VIEW" };
     Control mnuViewTempBar { this, "mnuViewTempBar", "&TEMP BAR" };
-    Control mnuNewAcquiredDataPoints { this, "mnuNewAcquiredDataPoints", "&LAST OBTAINED DATA POINTS" };
+    Control mnuNewAcquiredDataPoints { this, "mnuNewAcquiredDataPoints",
+        "&LAST OBTAINED DATA POINTS" };
     Control mnuDownloadedDataPoints { this, "mnuDownloadedDataPoints", "&DOWNLOADED DATA POINTS" };
     Control mnuViewSystemStatus { this, "mnuViewSystemStatus", "&SYSTEM STATUS" };
     // &CHART

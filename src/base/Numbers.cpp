@@ -6,11 +6,11 @@
 namespace Numbers {
 
 namespace {
-bool isBlank(QChar c)
-{
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n');
-}
-bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
+    bool isBlank(QChar c)
+    {
+        return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n');
+    }
+    bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
 } // namespace
 
 double Val(const QString& text)
@@ -46,7 +46,8 @@ double Val(const QString& text)
     }
     if (!anyDigit)
         return 0.0;
-    if (i < n && (text.at(i) == QLatin1Char('e') || text.at(i) == QLatin1Char('E')
+    if (i < n
+        && (text.at(i) == QLatin1Char('e') || text.at(i) == QLatin1Char('E')
             || text.at(i) == QLatin1Char('d') || text.at(i) == QLatin1Char('D'))) {
         qsizetype j = i + 1;
         QByteArray exponent("e");
@@ -126,7 +127,8 @@ std::optional<qint16> ToInt16(double value)
     if (!std::isfinite(value))
         return std::nullopt;
     const double rounded = RoundHalfEven(value);
-    if (rounded < std::numeric_limits<qint16>::min() || rounded > std::numeric_limits<qint16>::max())
+    if (rounded < std::numeric_limits<qint16>::min()
+        || rounded > std::numeric_limits<qint16>::max())
         return std::nullopt;
     return static_cast<qint16>(rounded);
 }

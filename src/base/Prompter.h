@@ -31,8 +31,8 @@ public:
 
     virtual Answer message(const Message& message) = 0;
     // The answer, or nothing when the operator cancelled.
-    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title,
-        const QString& defaultText)
+    virtual std::optional<QString> inputBox(
+        const QString& prompt, const QString& title, const QString& defaultText)
         = 0;
     // The chosen path, or an empty string when cancelled.
     virtual QString saveFileName(const FileChoice& choice) = 0;

@@ -23,7 +23,10 @@ public:
     // Takes one received character; false when none is waiting.
     virtual bool readChar(char& c) = 0;
     // Called whenever characters have arrived (and when the device is lost, with isOpen false).
-    void setReceiveCallback(std::function<void()> callback) { receiveCallback_ = std::move(callback); }
+    void setReceiveCallback(std::function<void()> callback)
+    {
+        receiveCallback_ = std::move(callback);
+    }
 
 protected:
     void notifyReceived()

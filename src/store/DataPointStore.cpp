@@ -19,7 +19,4 @@ void DataPointStore::setText(const QString& text)
     emit replaced();
 }
 
-bool IsStoredDataPoint(const QString& line)
-{
-    return line.contains(QLatin1Char('#'));
-}
+bool IsStoredDataPoint(const QString& line) { return line.contains(QLatin1Char('#')); }

@@ -7,7 +7,8 @@
 QString BuildFileHeader(const AppState& state, const MainWindowModel& main, const Clock& clock)
 {
     const QString crlf = QStringLiteral("\r\n");
-    QString header = QStringLiteral("\tBRANDOK ENGINEERING Infrared Thermometer Data Logging") + crlf;
+    QString header
+        = QStringLiteral("\tBRANDOK ENGINEERING Infrared Thermometer Data Logging") + crlf;
     header += QStringLiteral("\tDate: (mm/dd/yy) ") + clock.dateText() + QStringLiteral("  Time: ")
         + clock.timeText() + crlf;
     if (!main.lblSystParameters(1).caption().isEmpty()) {

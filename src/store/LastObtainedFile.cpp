@@ -11,20 +11,32 @@ void LastObtainedFile::write(const QString& text)
 {
     if (!file_.isOpen())
         return;
-    file_.write(text.toLatin1());
+    pending_.append(text.toLatin1());
+    if (!held_)
+        flush();
 }
 
 void LastObtainedFile::writeLine(const QString& text)
 {
     if (!file_.isOpen())
         return;
-    QByteArray line = text.toLatin1();
-    line.append("\r\n", 2);
-    file_.write(line);
+    pending_.append(text.toLatin1());
+    pending_.append("\r\n", 2);
+    if (!held_)
+        flush();
+}
+
+void LastObtainedFile::flush()
+{
+    if (pending_.isEmpty() || !file_.isOpen())
+        return;
+    file_.write(pending_);
+    pending_.clear();
 }
 
 void LastObtainedFile::close()
 {
+    flush();
     if (file_.isOpen())
         file_.close();
 }

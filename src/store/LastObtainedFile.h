@@ -3,8 +3,9 @@
 #include <QFile>
 #include <QString>
 
-// The last-obtained data file: open for the whole of a real-time run, each line written
-// through to the disk at once so that a crash loses no reading already shown.
+// The last-obtained data file: open for the whole of a real-time run. Each line goes to the
+// operating system at once, or, while the receive path holds it, when the batch of characters in
+// hand is done and before anything of that batch is shown: a crash loses no reading already shown.
 class LastObtainedFile {
 public:
     static constexpr const char* FileName = "LAST_OBTAINED_DATA_PTS.dat";
@@ -17,8 +18,18 @@ public:
     // Writes the text and CR LF.
     void writeLine(const QString& text);
     void close();
+    // While held, lines gather in memory; release() and flush() hand them to the system.
+    void hold() { held_ = true; }
+    void release()
+    {
+        held_ = false;
+        flush();
+    }
+    void flush();
     QString errorString() const { return file_.errorString(); }
 
 private:
     QFile file_;
+    QByteArray pending_;
+    bool held_ = false;
 };

@@ -9,8 +9,8 @@
 #include <QCloseEvent>
 #include <QScrollBar>
 
-StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model,
-    StoredPointsController& controller, DataPointStore& store, QWidget* parent)
+StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model, StoredPointsController& controller,
+    DataPointStore& store, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , ui_(std::make_unique<Ui::frmAcquiredPoints>())
     , controller_(controller)
@@ -20,18 +20,22 @@ StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model,
     QFont mono(QStringLiteral("Monospace"));
     mono.setStyleHint(QFont::TypeWriter);
     ui_->txtDataPointsDisplay->setFont(mono);
-    ui_->txtDataPointsDisplay->setTabStopDistance(8 * QFontMetricsF(mono).horizontalAdvance(QLatin1Char(' ')));
+    ui_->txtDataPointsDisplay->setTabStopDistance(
+        8 * QFontMetricsF(mono).horizontalAdvance(QLatin1Char(' ')));
     QFont big = ui_->lblAcquiredPoints->font();
     big.setPointSize(big.pointSize() + 4);
     big.setBold(true);
     ui_->lblAcquiredPoints->setFont(big);
     ui_->lblAcquiredPoints->setAutoFillBackground(true);
     ui_->lblAcquiredPoints->setProperty("baseStyle", QStringLiteral("background-color: #202020;"));
-    ui_->lblAcquiredPoints->setStyleSheet(QStringLiteral("background-color: #202020; color: #e0e0e0;"));
+    ui_->lblAcquiredPoints->setStyleSheet(
+        QStringLiteral("background-color: #202020; color: #e0e0e0;"));
 
     binder_ = new ModelBinder(model, *this);
-    binder_->onClicked(QStringLiteral("cmdStartDownload"), [this] { controller_.cmdStartDownload_Click(); });
-    binder_->onClicked(QStringLiteral("cmdClearAcqPts"), [this] { controller_.cmdClearAcqPts_Click(); });
+    binder_->onClicked(
+        QStringLiteral("cmdStartDownload"), [this] { controller_.cmdStartDownload_Click(); });
+    binder_->onClicked(
+        QStringLiteral("cmdClearAcqPts"), [this] { controller_.cmdClearAcqPts_Click(); });
 
     connect(&store_, &DataPointStore::appended, this, [this](const QString& chunk) {
         QPlainTextEdit* box = ui_->txtDataPointsDisplay;
@@ -59,6 +63,7 @@ void StoredPointsWindow::load()
     show();
     raise();
     activateWindow();
+    ui_->cmdStartDownload->setFocus();
 }
 
 void StoredPointsWindow::unload()

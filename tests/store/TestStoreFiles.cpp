@@ -39,12 +39,13 @@ private slots:
         for (int i = 0; i < 30; ++i)
             thirty += QByteArray::number(i) + "\r\n";
         QTest::newRow("thirty lines read as 23") << thirty << 23 << "0";
-        QTest::newRow("five lines fill five") << QByteArray("9\r\n8\r\n7\r\n6\r\n5\r\n") << 5 << "9";
+        QTest::newRow("five lines fill five")
+            << QByteArray("9\r\n8\r\n7\r\n6\r\n5\r\n") << 5 << "9";
         QTest::newRow("LF only") << QByteArray("a\nb\n") << 2 << "a";
         QTest::newRow("last line without end") << QByteArray("a\r\nb") << 2 << "a";
         QTest::newRow("empty file") << QByteArray() << 0 << "keep";
-        QTest::newRow("binary garbage")
-            << QByteArray("\x00\x01\xff\xfe\r\n\x7f", 7) << 2 << QString::fromLatin1("\x00\x01\xff\xfe", 4);
+        QTest::newRow("binary garbage") << QByteArray("\x00\x01\xff\xfe\r\n\x7f", 7) << 2
+                                        << QString::fromLatin1("\x00\x01\xff\xfe", 4);
     }
     void settingsRead()
     {
@@ -109,7 +110,8 @@ private slots:
         SettingsFile::Values values;
         values.fill(QStringLiteral("new"));
         const bool written = SettingsFile::Write(path, values);
-        QFile::setPermissions(dir.path(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        QFile::setPermissions(
+            dir.path(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
         if (written)
             QSKIP("running as a user who may write into read-only folders");
         QCOMPARE(readAll(path), QByteArray("old\r\n"));

@@ -31,8 +31,8 @@ public:
         }
         return message.buttons == Buttons::Ok ? Answer::Ok : message.defaultButton;
     }
-    std::optional<QString> inputBox(const QString& prompt, const QString& title,
-        const QString& defaultText) override
+    std::optional<QString> inputBox(
+        const QString& prompt, const QString& title, const QString& defaultText) override
     {
         Shown s { QStringLiteral("input"), {}, {}, prompt };
         s.message.title = title;

@@ -1,0 +1,85 @@
+#include "Application.h"
+
+#include "link/SerialPort.h"
+
+#include <QMetaObject>
+
+Application::Application(Platform platform_, QObject* parent)
+    : QObject(parent)
+    , platform(platform_)
+    , prompter(platform.prompter)
+    , chart(platform.chart, state, main)
+    , acquisition(
+          state, main, platform.port, chart, prompter, platform.clock, platform.beeper, *this)
+    , receiver(
+          state, main, platform.port, acquisition, chart, store, prompter, platform.clock, *this)
+    , storedPoints(state, storedPointsModel, store, acquisition, platform.clock)
+    , settings(state, main, platform.chart)
+    , controller(
+          state, main, platform.port, chart, settings, receiver, prompter, platform.systemInfo)
+    , programParameters(state, programParametersModel, platform.port, platform.systemInfo,
+          platform.portMap, platform.listSerialDevices)
+{
+    acquisition.setStoredPoints(&storedPoints);
+    receiver.setStoredPoints(&storedPoints);
+
+    platform.port.setReceiveCallback([this] {
+        const bool open = platform.port.isOpen();
+        if (open)
+            receiver.pump(prompter.modalOpen());
+        if (wasOpen_ && !open) {
+            wasOpen_ = false;
+            emit portClosed();
+        }
+    });
+    prompter.setBeforeModal([this] { acquisition.lastObtainedFile().flush(); });
+    // Bytes held back while a box was open are taken once the last box closes.
+    prompter.setAfterModal([this] {
+        QMetaObject::invokeMethod(
+            this, [this] { receiver.pump(prompter.modalOpen()); }, Qt::QueuedConnection);
+    });
+    connect(&acquisition, &Acquisition::portStateChanged, this, [this](bool open) {
+        wasOpen_ = open;
+        if (open)
+            emit portOpened(acquisition.realTimeMode());
+        else
+            emit portClosed();
+    });
+}
+
+void Application::showStoredPointsWindow()
+{
+    if (host_)
+        host_->showStoredPointsWindow();
+}
+
+void Application::unloadStoredPointsWindow()
+{
+    if (host_)
+        host_->unloadStoredPointsWindow();
+}
+
+void Application::unloadSystemStatusWindow()
+{
+    if (host_)
+        host_->unloadSystemStatusWindow();
+    state.SystemStatusVisible = false;
+}
+
+void Application::statusScanForIrSystem() { irSystem.ScanForIrSystem(); }
+
+void Application::statusSetToIdle() { irSystem.SetToIdle(); }
+
+TempBarDisplay* Application::tempBar() { return host_ ? host_->tempBar() : nullptr; }
+
+void Application::setChartSettingsInputsEnabled(bool enabled)
+{
+    if (host_)
+        host_->setChartSettingsInputsEnabled(enabled);
+}
+
+void Application::offerToSavePlot()
+{
+    if (host_)
+        host_->offerToSavePlot();
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "MainController.h"
+#include "SettingsFileIO.h"
+#include "base/AppState.h"
+#include "base/GuardedPrompter.h"
+#include "base/MainWindowModel.h"
+#include "chart/GraphingFunctions.h"
+#include "link/Acquisition.h"
+#include "link/AcquisitionWindows.h"
+#include "link/IRSystem.h"
+#include "link/ProgramParametersController.h"
+#include "link/ProgramParametersModel.h"
+#include "link/ReceiveHandler.h"
+#include "link/StoredPointsController.h"
+#include "link/StoredPointsModel.h"
+#include "store/DataPointStore.h"
+
+#include <QObject>
+#include <QStringList>
+#include <functional>
+
+class Beeper;
+class ChartSurface;
+class Clock;
+class Launcher;
+class PortMap;
+class Prompter;
+class SerialPort;
+class SystemInfo;
+
+// The services the core reaches the outside world through.
+struct Platform {
+    Prompter& prompter;
+    Clock& clock;
+    Beeper& beeper;
+    Launcher& launcher;
+    SystemInfo& systemInfo;
+    SerialPort& port;
+    ChartSurface& chart;
+    PortMap& portMap;
+    // The serial devices the system reports, for binding a COM number to one.
+    std::function<QStringList()> listSerialDevices = [] { return QStringList(); };
+};
+
+// Owns the shared state and every controller, and wires them together. The windows register
+// themselves through setWindowHost once they exist.
+class Application : public QObject, private AcquisitionWindows {
+    Q_OBJECT
+public:
+    explicit Application(Platform platform, QObject* parent = nullptr);
+
+    // The windows the acquisition code opens and closes; set by the user interface.
+    void setWindowHost(AcquisitionWindows* host) { host_ = host; }
+
+    Platform platform;
+    AppState state;
+    MainWindowModel main;
+    GuardedPrompter prompter;
+    DataPointStore store;
+    StoredPointsModel storedPointsModel;
+    IRSystem irSystem;
+    GraphingFunctions chart;
+    Acquisition acquisition;
+    ReceiveHandler receiver;
+    StoredPointsController storedPoints;
+    SettingsFileIO settings;
+    MainController controller;
+    ProgramParametersModel programParametersModel;
+    ProgramParametersController programParameters;
+
+signals:
+    // The port was opened for real-time sensing (true) or a download (false), or closed.
+    void portOpened(bool realTime);
+    void portClosed();
+
+private:
+    void showStoredPointsWindow() override;
+    void unloadStoredPointsWindow() override;
+    void unloadSystemStatusWindow() override;
+    void statusScanForIrSystem() override;
+    void statusSetToIdle() override;
+    TempBarDisplay* tempBar() override;
+    void setChartSettingsInputsEnabled(bool enabled) override;
+    void offerToSavePlot() override;
+
+    AcquisitionWindows* host_ = nullptr;
+    bool wasOpen_ = false;
+};

@@ -1,0 +1,215 @@
+#include "Acquisition.h"
+
+#include "AcquisitionWindows.h"
+#include "SerialPort.h"
+#include "StoredPointsController.h"
+#include "base/AppState.h"
+#include "base/Clock.h"
+#include "base/MainWindowModel.h"
+#include "base/Numbers.h"
+#include "base/Prompter.h"
+#include "base/Services.h"
+#include "base/TempBarDisplay.h"
+#include "chart/GraphingFunctions.h"
+#include "store/FileHeader.h"
+
+Acquisition::Acquisition(AppState& state, MainWindowModel& main, SerialPort& port,
+    GraphingFunctions& chart, Prompter& prompter, Clock& clock, Beeper& beeper,
+    AcquisitionWindows& windows, QObject* parent)
+    : QObject(parent)
+    , state_(state)
+    , main_(main)
+    , port_(port)
+    , chart_(chart)
+    , prompter_(prompter)
+    , clock_(clock)
+    , beeper_(beeper)
+    , windows_(windows)
+{
+    tmrCheckTransmission_.setInterval(WatchdogIntervalMs);
+    tmrBeep_.setInterval(BeepIntervalMs);
+    connect(
+        &tmrCheckTransmission_, &QTimer::timeout, this, &Acquisition::tmrCheckTransmission_Timer);
+    connect(&tmrBeep_, &QTimer::timeout, this, &Acquisition::tmrBeep_Timer);
+}
+
+bool Acquisition::realTimeMode() const { return main_.mnuSenseTemperature.checked(); }
+bool Acquisition::downloadMode() const { return main_.mnuDownloadData.checked(); }
+
+bool Acquisition::AcquireData(bool start)
+{
+    if (start) {
+        if (port_.isOpen())
+            return true;
+        port_.resetBufferCounts();
+        if (port_.open()) {
+            emit portStateChanged(true);
+            return true;
+        }
+        prompter_.message(QStringLiteral("CANNOT OPEN COMM PORT"),
+            QStringLiteral("COM %1 (%2) CANNOT BE OPENED.")
+                    .arg(port_.portNumber())
+                    .arg(port_.deviceName())
+                + QStringLiteral("\r\n") + port_.errorString(),
+            Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+        return false;
+    }
+    if (port_.isOpen()) {
+        port_.resetBufferCounts();
+        port_.close();
+        emit portStateChanged(false);
+    }
+    return true;
+}
+
+void Acquisition::reinitializeChart()
+{
+    ChartBatch batch(chart_.chart());
+    chart_.InitializeChart();
+    chart_.ResetChartSeries();
+}
+
+void Acquisition::mnuSenseTemperature_Click()
+{
+    if (main_.mnuSenseTemperature.checked()) {
+        main_.mnuSenseTemperature.setChecked(false);
+        if (state_.SystemStatusVisible)
+            windows_.statusSetToIdle();
+        AcquireData(false);
+        mnuStop_Click();
+        return;
+    }
+
+    reinitializeChart();
+    state_.PlotSaved = false;
+    main_.mnuSenseTemperature.setChecked(true);
+    if (state_.SystemStatusVisible)
+        windows_.statusScanForIrSystem();
+    tmrCheckTransmission_.start();
+    if (!AcquireData(true)) {
+        // A port that cannot be opened leaves nothing to watch: back to idle.
+        mnuStop_Click();
+        return;
+    }
+    lastObtained_.open(state_.filePath(QString::fromLatin1(LastObtainedFile::FileName)));
+    lastObtained_.writeLine(BuildFileHeader(state_, main_, clock_));
+
+    for (Control* item :
+        { &main_.mnuSystemSetup, &main_.mnuFile, &main_.mnuSavePlotToFile, &main_.mnuLoadPlotFile,
+            &main_.mnuShowAllPts, &main_.mnuClearChart, &main_.mnuCopyChart, &main_.mnuDownloadData,
+            &main_.mnuTextStamp, &main_.mnuNewAcquiredDataPoints, &main_.mnuAbout })
+        item->setEnabled(false);
+    state_.LastReceiveTime = clock_.secondsSinceMidnight();
+    if (state_.GraphSettingsOpen)
+        windows_.setChartSettingsInputsEnabled(false);
+}
+
+void Acquisition::mnuDownloadData_Click()
+{
+    if (main_.mnuDownloadData.checked()) {
+        unloadingStoredPoints_ = true;
+        windows_.unloadStoredPointsWindow();
+        unloadingStoredPoints_ = false;
+        main_.mnuDownloadData.setChecked(false);
+        mnuStop_Click();
+        return;
+    }
+
+    main_.mnuDownloadData.setChecked(true);
+    main_.mnuSenseTemperature.setChecked(false);
+    main_.mnuSenseTemperature.setEnabled(false);
+    main_.mnuFile.setEnabled(false);
+    main_.mnuTextStamp.setEnabled(false);
+    main_.mnuSearchForIR.setChecked(false);
+    main_.mnuAbout.setEnabled(false);
+    if (chart_.ChartHasPoints())
+        reinitializeChart();
+    main_.mnuCharting.setEnabled(false);
+    windows_.showStoredPointsWindow();
+}
+
+void Acquisition::mnuStop_Click()
+{
+    // 1
+    tmrBeep_.stop();
+    if (state_.SystemStatusVisible)
+        windows_.statusSetToIdle();
+    // 2
+    main_.lblStatCurrentTemp.setVisible(false);
+    lastObtained_.close();
+    main_.lblCurrentTemp.setCaption(QString());
+    // 3
+    tmrCheckTransmission_.stop();
+    AcquireData(false);
+    // 4
+    main_.mnuSystemSetup.setEnabled(true);
+    main_.mnuSearchForIR.setChecked(false);
+    if (state_.DownloadFromWindow && storedPoints_ && storedPoints_->isReceiving())
+        storedPoints_->cmdStartDownload_Click();
+    main_.mnuDownloadData.setChecked(false);
+    // 5
+    for (Control* item : { &main_.mnuSavePlotToFile, &main_.mnuLoadPlotFile, &main_.mnuShowAllPts,
+             &main_.mnuClearChart, &main_.mnuCopyChart, &main_.mnuDownloadData })
+        item->setEnabled(true);
+    main_.mnuSenseTemperature.setChecked(false);
+    main_.mnuSenseTemperature.setEnabled(true);
+    for (Control* item : { &main_.mnuTextStamp, &main_.mnuNewAcquiredDataPoints, &main_.mnuFile,
+             &main_.mnuAbout, &main_.mnuCharting })
+        item->setEnabled(true);
+    // 6
+    if (port_.isOpen())
+        port_.close();
+    if (state_.TempBarVisible) {
+        if (TempBarDisplay* bar = windows_.tempBar())
+            bar->ClearTemp();
+    }
+    // 7
+    if (chart_.ChartHasPoints() && !state_.PlotSaved)
+        windows_.offerToSavePlot();
+    // 8
+    if (state_.GraphSettingsOpen)
+        windows_.setChartSettingsInputsEnabled(true);
+}
+
+void Acquisition::tmrCheckTransmission_Timer()
+{
+    if (inWatchdogTick_)
+        return;
+    const qint32 now = clock_.secondsSinceMidnight();
+    const QString interval = main_.lblSystParameters(2).caption();
+    double limit = Numbers::IsNumeric(interval) ? Numbers::Val(interval) : 1999.0;
+    if (downloadMode())
+        limit = 15.0;
+    if (double(now) - double(state_.LastReceiveTime) <= limit + 2.0)
+        return;
+
+    inWatchdogTick_ = true;
+    TransmissionLost = true;
+    if (state_.TempBarVisible) {
+        if (TempBarDisplay* bar = windows_.tempBar())
+            bar->ClearTemp();
+    }
+    prompter_.message(QStringLiteral("IR SYSTEM HAS HALTED DATA TRANSMISSION"),
+        QStringLiteral("IR SYSTEM IS NOT TRANSMITTING!\r\nDATA LOGGING HAS BEEN HALTED."),
+        Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+    mnuStop_Click();
+    if (state_.SystemStatusVisible)
+        windows_.statusSetToIdle();
+    inWatchdogTick_ = false;
+}
+
+bool Acquisition::audibleAlarmOn() const
+{
+    const QString text = state_.SettingsValues[22].trimmed();
+    if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
+        return true;
+    if (!Numbers::IsNumeric(text))
+        return false;
+    return Numbers::Val(text) != 0.0;
+}
+
+void Acquisition::tmrBeep_Timer()
+{
+    if (audibleAlarmOn())
+        beeper_.beep();
+}

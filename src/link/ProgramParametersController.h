@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ProgramParametersModel.h"
+
+#include <QObject>
+#include <QString>
+#include <functional>
+
+struct AppState;
+class PortMap;
+class SerialPort;
+class SystemInfo;
+
+// The program parameters dialog's handlers: the port choice and the facts about this PC, plus
+// binding the chosen port number to a serial device.
+class ProgramParametersController : public QObject {
+    Q_OBJECT
+public:
+    // Lists the serial devices the system reports, as paths.
+    using DeviceLister = std::function<QStringList()>;
+
+    ProgramParametersController(AppState& state, ProgramParametersModel& model, SerialPort& port,
+        const SystemInfo& systemInfo, PortMap& ports, DeviceLister listDevices,
+        QObject* parent = nullptr);
+
+    void Form_Load();
+    // The operator picked an item of comCommPort (already set as the model's list index).
+    void comCommPort_Click();
+    // The operator picked a device from comDevice's list or finished typing one (the text is
+    // comDevice's caption). Binds it to the shown port number and saves the port file; false
+    // when the file could not be written (the binding still holds for this run).
+    bool comDevice_Click();
+
+    // Memory as the dialog shows it: bytes / 1,024,000 with one decimal, then " M-BYTES".
+    static QString MegaBytes(quint64 bytes);
+
+    static constexpr int MaxViewableDataPoints = 300;
+
+private:
+    // The port number the dialog's list shows: 1 or 2.
+    int shownPortNumber() const;
+    void showDevice();
+
+    AppState& state_;
+    ProgramParametersModel& model_;
+    SerialPort& port_;
+    const SystemInfo& systemInfo_;
+    PortMap& ports_;
+    DeviceLister listDevices_;
+};

@@ -1,0 +1,133 @@
+#include "MainWindow.h"
+
+#include "ModelBinder.h"
+#include "ProgramParametersDialog.h"
+#include "StoredPointsWindow.h"
+#include "SystemStatusWindow.h"
+#include "app/Application.h"
+#include "ui_MainWindow.h"
+
+#include <QCloseEvent>
+
+MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
+    : QMainWindow(parent)
+    , app_(app)
+    , ui_(std::make_unique<Ui::frmMain>())
+{
+    ui_->setupUi(this);
+    if (chart) {
+        // The chart takes the place the form keeps for it.
+        QWidget* placeholder = ui_->TempChart;
+        chart->setObjectName(QStringLiteral("TempChart"));
+        chart->setSizePolicy(placeholder->sizePolicy());
+        chart->setMinimumSize(placeholder->minimumSize());
+        delete ui_->mainLayout->replaceWidget(placeholder, chart);
+        placeholder->deleteLater();
+        ui_->TempChart = chart;
+    }
+    styleReadout();
+    binder_ = new ModelBinder(app_.main, *this);
+    bindCommands();
+    app_.setWindowHost(this);
+}
+
+MainWindow::~MainWindow() { app_.setWindowHost(nullptr); }
+
+void MainWindow::styleReadout()
+{
+    // The current reading is shown large on black, so green, yellow and red stand out.
+    QFont big = ui_->lblCurrentTemp->font();
+    big.setPointSize(28);
+    big.setBold(true);
+    ui_->lblCurrentTemp->setFont(big);
+    const QString panel = QStringLiteral("background-color: #101010;");
+    ui_->fraCurrentTemp->setStyleSheet(
+        QStringLiteral("#fraCurrentTemp { background-color: #101010; }"));
+    for (QLabel* label : { ui_->lblCurrentTemp, ui_->lblStatCurrentTemp }) {
+        label->setProperty("baseStyle", panel);
+        label->setStyleSheet(panel + QStringLiteral("color: #00ff00;"));
+    }
+    QFont caption = ui_->lblParametersTitle->font();
+    caption.setBold(true);
+    ui_->lblParametersTitle->setFont(caption);
+}
+
+void MainWindow::bindCommands()
+{
+    Application& a = app_;
+    auto on = [this](const char* name, std::function<void()> handler) {
+        binder_->onTriggered(QString::fromLatin1(name), std::move(handler));
+    };
+    on("mnuSenseTemperature", [&a] { a.acquisition.mnuSenseTemperature_Click(); });
+    on("mnuDownloadData", [&a] { a.acquisition.mnuDownloadData_Click(); });
+    on("mnuStop", [&a] { a.acquisition.mnuStop_Click(); });
+    on("mnuRealTimeGraphOn", [&a] { a.controller.mnuRealTimeGraphOn_Click(); });
+    on("mnuAutoCompressed", [&a] { a.controller.mnuAutoCompressed_Click(); });
+    on("mnuAutoScaleYAxis", [&a] { a.controller.mnuAutoScaleYAxis_Click(); });
+    on("mnuRefreshChart", [&a] { a.controller.mnuRefreshChart_Click(); });
+    on("mnuCopyChart", [&a] { a.controller.mnuCopyChart_Click(); });
+    on("mnuIniChart", [&a] { a.controller.mnuIniChart_Click(); });
+    on("mnuClearChart", [&a] { a.controller.mnuClearChart_Click(); });
+    on("mnuCreateSettingsFile", [&a] { a.controller.mnuCreateSettingsFile_Click(); });
+    on("mnuExit", [&a] { a.controller.Shutdown(); });
+    on("mnuViewSystemStatus", [this] { mnuViewSystemStatus_Click(); });
+    on("mnuSystemSetup", [this] { mnuSystemSetup_Click(); });
+    binder_->onClicked(QStringLiteral("cmdExit"), [&a] { a.controller.Shutdown(); });
+}
+
+void MainWindow::showStoredPointsWindow()
+{
+    if (!storedPoints_)
+        storedPoints_
+            = new StoredPointsWindow(app_.storedPointsModel, app_.storedPoints, app_.store, this);
+    storedPoints_->load();
+}
+
+void MainWindow::unloadStoredPointsWindow()
+{
+    if (storedPoints_)
+        storedPoints_->unload();
+}
+
+void MainWindow::unloadSystemStatusWindow()
+{
+    if (systemStatus_)
+        systemStatus_->close();
+    app_.main.mnuViewSystemStatus.setChecked(false);
+}
+
+void MainWindow::mnuViewSystemStatus_Click()
+{
+    if (systemStatus_ && systemStatus_->isVisible()) {
+        systemStatus_->close();
+        app_.main.mnuViewSystemStatus.setChecked(false);
+        return;
+    }
+    if (!systemStatus_) {
+        systemStatus_ = new SystemStatusWindow(app_.state, app_.irSystem, this);
+        systemStatus_->installEventFilter(this);
+    }
+    systemStatus_->show();
+    systemStatus_->raise();
+    app_.main.mnuViewSystemStatus.setChecked(true);
+}
+
+void MainWindow::mnuSystemSetup_Click()
+{
+    ProgramParametersDialog dialog(app_.programParametersModel, app_.programParameters, this);
+    dialog.exec();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    // The status window closed by its own title bar: the menu's check mark follows.
+    if (watched == systemStatus_ && event->type() == QEvent::Hide)
+        app_.main.mnuViewSystemStatus.setChecked(false);
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    app_.controller.Shutdown();
+    event->accept();
+}

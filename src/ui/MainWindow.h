@@ -1,0 +1,55 @@
+#pragma once
+
+#include "StoredPointsWindow.h"
+#include "SystemStatusWindow.h"
+#include "link/AcquisitionWindows.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <memory>
+
+class Application;
+class ModelBinder;
+class ProgramParametersDialog;
+namespace Ui {
+class frmMain;
+}
+
+// The main window: renders the main window model, forwards menu commands and button clicks to
+// the controllers, and opens the other windows on their first use.
+class MainWindow : public QMainWindow, public AcquisitionWindows {
+    Q_OBJECT
+public:
+    MainWindow(Application& app, QWidget* chart, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    StoredPointsWindow* storedPointsWindow() const { return storedPoints_; }
+    SystemStatusWindow* systemStatusWindow() const { return systemStatus_; }
+
+    // AcquisitionWindows
+    void showStoredPointsWindow() override;
+    void unloadStoredPointsWindow() override;
+    void unloadSystemStatusWindow() override;
+    void statusScanForIrSystem() override { }
+    void statusSetToIdle() override { }
+    TempBarDisplay* tempBar() override { return nullptr; }
+    void setChartSettingsInputsEnabled(bool) override { }
+    void offerToSavePlot() override { }
+
+    void mnuViewSystemStatus_Click();
+    void mnuSystemSetup_Click();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void bindCommands();
+    void styleReadout();
+
+    Application& app_;
+    std::unique_ptr<Ui::frmMain> ui_;
+    ModelBinder* binder_ = nullptr;
+    QPointer<StoredPointsWindow> storedPoints_;
+    QPointer<SystemStatusWindow> systemStatus_;
+};

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "chart/ChartSurface.h"
+
+#include <QObject>
+#include <QSharedPointer>
+#include <QTimer>
+#include <memory>
+#include <vector>
+
+class PatternAxisTicker;
+class PlotSeries;
+class QCPAxis;
+class QCPGraph;
+class QCPItemStraightLine;
+class QCustomPlot;
+
+// The chart engine's surface on a QCustomPlot: series are QCPGraphs (series 1 the readings,
+// 2 and 3 the limit lines), the axes are the plot's bottom and left axes, the marker is a
+// vertical line.
+//
+// Redrawing: every change asks for a queued replot, but a batch holds the request until its
+// outermost bracket closes, and a frame gate lets at most one replot through every FrameMs
+// however fast readings come; changes made meanwhile are drawn by the next one.
+//
+// The axis limits are kept as set (a minimum above the maximum included) and shown as the
+// ordered range; a zero-width range is kept but not shown. The X axis time format is held as a
+// property only: the labels are numbers written with the label format.
+//
+// The destructor leaves the plot alone, so the plot may be destroyed first at shutdown; no other
+// call is allowed once it is gone.
+class QCustomPlotSurface : public QObject, public ChartSurface {
+    Q_OBJECT
+public:
+    static constexpr int FrameMs = 16;
+
+    // Three empty series, titles "SECONDS" and "TEMPERATURE", time format "%H:%M:%S",
+    // empty-point value 999999999, marker hidden; the plot's axis ranges stand.
+    explicit QCustomPlotSurface(QCustomPlot& plot, QObject* parent = nullptr);
+    ~QCustomPlotSurface() override;
+
+    int seriesCount() const override;
+    void setSeriesCount(int count) override;
+    int pointCount(int series) const override;
+    void setPointCount(int series, int count) override;
+    double x(int series, int point) const override;
+    double y(int series, int point) const override;
+    void setX(int series, int point, double value) override;
+    void setY(int series, int point, double value) override;
+    double emptyPointValue() const override;
+    void setEmptyPointValue(double value) override;
+    bool seriesVisible(int series) const override;
+    void setSeriesVisible(int series, bool visible) override;
+
+    double axisMin(Axis axis) const override;
+    double axisMax(Axis axis) const override;
+    void setAxisMin(Axis axis, double value) override;
+    void setAxisMax(Axis axis, double value) override;
+    QString axisTitle(Axis axis) const override;
+    void setAxisTitle(Axis axis, const QString& title) override;
+    QString axisLabelFormat(Axis axis) const override;
+    void setAxisLabelFormat(Axis axis, const QString& format) override;
+    QString timeFormat() const override;
+    void setTimeFormat(const QString& format) override;
+
+    void beginBatch() override;
+    void endBatch() override;
+    void redraw() override;
+    void copyToClipboard() override;
+
+    void setMarkerVisible(bool visible) override;
+    void setMarkerX(double x) override;
+    QPointF pixelToData(const QPointF& pixel) const override;
+
+    QCustomPlot& plot() const { return plot_; }
+    // The graph of a series (1-based), null when there is no such series.
+    QCPGraph* graph(int series) const;
+    QCPItemStraightLine* marker() const { return marker_; }
+    // True while a change waits for its batch to close or for the frame gate.
+    bool redrawPending() const { return pending_; }
+    // Bytes held for a series' drawable points.
+    qint64 reservedBytes(int series) const;
+    // True while the series keeps its fast, in-order layout.
+    bool seriesInOrder(int series) const;
+
+private:
+    struct AxisState {
+        QCPAxis* axis = nullptr;
+        QSharedPointer<PatternAxisTicker> ticker;
+        double min = 0.0;
+        double max = 0.0;
+    };
+
+    PlotSeries* find(int series) const;
+    AxisState& state(Axis axis) { return axis == Axis::X ? x_ : y_; }
+    const AxisState& state(Axis axis) const { return axis == Axis::X ? x_ : y_; }
+    void setUpAxis(AxisState& state, QCPAxis* axis);
+    void showRange(AxisState& state);
+    void changed();
+    void scheduleReplot();
+    void syncSeries();
+
+    QCustomPlot& plot_;
+    std::vector<std::unique_ptr<PlotSeries>> series_;
+    AxisState x_;
+    AxisState y_;
+    QString timeFormat_;
+    double emptyValue_ = 999999999.0;
+    QCPItemStraightLine* marker_ = nullptr;
+    QTimer gate_;
+    int batchDepth_ = 0;
+    bool pending_ = false;
+    bool showingRange_ = false;
+};

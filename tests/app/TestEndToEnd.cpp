@@ -1,0 +1,170 @@
+#include "support/FakeBeeper.h"
+#include "support/FakeLauncher.h"
+#include "support/FakePrompter.h"
+#include "support/FakeSystemInfo.h"
+#include "support/RecordingHost.h"
+#include "support/TestRegistry.h"
+
+#include "app/Application.h"
+#include "base/Clock.h"
+#include "base/StringUtils.h"
+#include "chart/InMemoryChartSurface.h"
+#include "link/PortMap.h"
+#include "link/sim/SimulatedInstrument.h"
+#include "ui/QtSerialPort.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <memory>
+
+// The simulated instrument on a pseudo-terminal, the real serial adapter and the real
+// controllers: bytes on a line in, labels, chart, store and files out.
+class EndToEndRig {
+public:
+    EndToEndRig()
+        : port(portMap)
+    {
+        app = std::make_unique<Application>(
+            Platform { prompter, clock, beeper, launcher, systemInfo, port, chart, portMap });
+        app->state.ProgramDirectory = dir.path();
+        app->main.mnuRealTimeGraphOn.setChecked(true);
+        app->state.SettingsValues[13] = QStringLiteral("85");
+        app->state.SettingsValues[14] = QStringLiteral("25");
+        host.onShowStoredPoints = [this] { app->storedPoints.Form_Load(); };
+        host.onUnloadStoredPoints = [this] { app->storedPoints.Form_Unload(); };
+        app->setWindowHost(&host);
+        app->controller.mnuClearChart_Click();
+
+        QString error;
+        if (!instrument.open(&error))
+            qFatal("no pseudo-terminal: %s", qPrintable(error));
+        portMap.setRunOverride(1, instrument.devicePath());
+        instrument.setCharactersPerSecond(20000);
+        instrument.setTimeScale(0.02);
+        QObject::connect(&instrument, &SimulatedInstrument::recordSent,
+            [this](int, const QByteArray& record) { sent << record; });
+        QObject::connect(
+            app.get(), &Application::portOpened, [this](bool) { instrument.start(options); });
+    }
+
+    QByteArray lastObtained() const
+    {
+        QFile file(dir.filePath(QStringLiteral("LAST_OBTAINED_DATA_PTS.dat")));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QTemporaryDir dir;
+    FakePrompter prompter;
+    SystemClock clock;
+    FakeBeeper beeper;
+    FakeLauncher launcher;
+    FakeSystemInfo systemInfo;
+    PortMap portMap;
+    QtSerialPort port;
+    InMemoryChartSurface chart;
+    RecordingHost host;
+    SimulatedInstrument instrument;
+    SimulatorOptions options;
+    QList<QByteArray> sent;
+    std::unique_ptr<Application> app;
+};
+
+class TestEndToEnd : public QObject {
+    Q_OBJECT
+private slots:
+    void realTimeRun()
+    {
+        EndToEndRig rig;
+        rig.options.intervalSeconds = 1;
+        Application& a = *rig.app;
+        a.acquisition.mnuSenseTemperature_Click();
+        QVERIFY(rig.port.isOpen());
+        QTRY_VERIFY_WITH_TIMEOUT(rig.chart.pointCount(1) > 30, 20000);
+        // The readout shows the last reading in the colour its limits give.
+        const int last = a.main.lblCurrentTemp.caption().toInt();
+        const qint64 colour = last > 85 ? Colors::Red : last < 25 ? Colors::Yellow : Colors::Green;
+        QCOMPARE(a.main.lblCurrentTemp.foreColor(), colour);
+        QCOMPARE(rig.chart.y(1, rig.chart.pointCount(1) - 1), double(last));
+        a.acquisition.mnuStop_Click();
+
+        const QStringList labels { "DEG F", "1", "0.95", "85", "25" };
+        for (int i = 0; i < labels.size(); ++i)
+            QCOMPARE(a.main.lblSystParameters(i + 1).caption(), labels.at(i));
+        QVERIFY(rig.prompter.titles().isEmpty());
+
+        // Every reading of the run is in the file, in order, as the program logs it.
+        QByteArray expected;
+        const QByteArray block = rig.sent.front();
+        QVERIFY(block.startsWith('\x0b'));
+        for (const QByteArray& line : block.left(block.size() - 1).split('\n').mid(0, 9))
+            expected += '\t' + line + "\r\n";
+        const QList<QByteArray> blockLines = block.split('\n');
+        expected += "\t\r\n" + blockLines.at(10) + "\r\n";
+        int readings = 1;
+        for (const QByteArray& record : rig.sent.mid(1)) {
+            QString line = QString::fromLatin1(record.left(record.size() - 1));
+            expected += StringUtils::SpacesToTabs(line).toLatin1() + "\r\n";
+            ++readings;
+        }
+        const QByteArray file = rig.lastObtained();
+        QVERIFY(file.startsWith(
+            "\tBRANDOK ENGINEERING Infrared Thermometer Data Logging\r\n\tDate: (mm/dd/yy) "));
+        QVERIFY2(file.endsWith(expected), file.right(300).constData());
+        // Every reading is on the chart too, one interval apart.
+        QCOMPARE(rig.chart.pointCount(1) - 1, readings);
+        QCOMPARE(rig.chart.x(1, 2) - rig.chart.x(1, 1), 1.0);
+    }
+
+    void downloadFillsTheStore()
+    {
+        EndToEndRig rig;
+        rig.options.mode = SimulatorOptions::Mode::Download;
+        rig.options.storedCount = 25;
+        rig.options.emptyLocations = 3;
+        Application& a = *rig.app;
+        a.acquisition.mnuDownloadData_Click();
+        a.storedPoints.cmdStartDownload_Click();
+        QTRY_COMPARE_WITH_TIMEOUT(
+            a.store.text().count(QStringLiteral("EMPTY LOCATION - NO DATA.")), 3, 20000);
+        QCOMPARE(a.store.text().count(QLatin1Char('#')), 25);
+        QVERIFY(a.store.text().contains(QStringLiteral("\t#001\t")));
+        QCOMPARE(a.storedPointsModel.lblAcquiredPoints.caption(), QStringLiteral("RECEIVING..."));
+        QVERIFY(rig.prompter.titles().isEmpty());
+        a.storedPoints.cmdStartDownload_Click();
+        QVERIFY(!rig.port.isOpen());
+        QVERIFY(a.storedPointsModel.cmdSaveToTxtFile.enabled());
+    }
+
+    void silenceHaltsLogging()
+    {
+        EndToEndRig rig;
+        rig.options.intervalSeconds = 1;
+        rig.options.fault = SimulatorOptions::Fault::Silence;
+        rig.options.faultAfter = 3;
+        Application& a = *rig.app;
+        a.acquisition.mnuSenseTemperature_Click();
+        QTRY_VERIFY_WITH_TIMEOUT(!rig.prompter.titles().isEmpty(), 15000);
+        QCOMPARE(rig.prompter.titles(), QStringList { "IR SYSTEM HAS HALTED DATA TRANSMISSION" });
+        QVERIFY(!a.main.mnuSenseTemperature.checked());
+        QVERIFY(!rig.port.isOpen());
+        QVERIFY(a.acquisition.TransmissionLost);
+    }
+
+    void wrongModeHalts()
+    {
+        EndToEndRig rig;
+        rig.options.intervalSeconds = 1;
+        rig.options.fault = SimulatorOptions::Fault::WrongMode;
+        rig.options.faultAfter = 4;
+        Application& a = *rig.app;
+        a.acquisition.mnuSenseTemperature_Click();
+        QTRY_VERIFY_WITH_TIMEOUT(!rig.prompter.titles().isEmpty(), 15000);
+        QCOMPARE(
+            rig.prompter.titles(), QStringList { "RECEIVED STORED DATA WHILE IN REAL TIME MODE" });
+        QVERIFY(!rig.port.isOpen());
+        QVERIFY(!a.main.mnuSenseTemperature.checked());
+    }
+};
+TALAVEX_TEST(TestEndToEnd)
+#include "TestEndToEnd.moc"

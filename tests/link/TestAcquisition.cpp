@@ -1,0 +1,257 @@
+#include "support/AppRig.h"
+#include "support/TestRegistry.h"
+
+#include <QTest>
+
+namespace {
+struct MenuState {
+    const char* name;
+    bool enabled;
+    bool checked;
+};
+} // namespace
+
+class TestAcquisition : public QObject {
+    Q_OBJECT
+
+    static void checkMenus(Application& a, const std::vector<MenuState>& expected)
+    {
+        for (const MenuState& m : expected) {
+            Control* c = a.main.control(QString::fromLatin1(m.name));
+            QVERIFY2(c, m.name);
+            QVERIFY2(c->enabled() == m.enabled, m.name);
+            QVERIFY2(c->checked() == m.checked, m.name);
+        }
+    }
+
+private slots:
+    void menusWhileSensing()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        rig.startSensing();
+        checkMenus(a,
+            { { "mnuSenseTemperature", true, true }, { "mnuSystemSetup", false, false },
+                { "mnuFile", false, false }, { "mnuSavePlotToFile", false, false },
+                { "mnuLoadPlotFile", false, false }, { "mnuShowAllPts", false, false },
+                { "mnuClearChart", false, false }, { "mnuCopyChart", false, false },
+                { "mnuDownloadData", false, false }, { "mnuTextStamp", false, false },
+                { "mnuNewAcquiredDataPoints", false, false }, { "mnuAbout", false, false },
+                { "mnuCharting", true, false } });
+        QVERIFY(rig.port.isOpen());
+        QVERIFY(a.acquisition.tmrCheckTransmission().isActive());
+        QVERIFY(a.acquisition.lastObtainedFile().isOpen());
+        QVERIFY(!a.state.PlotSaved);
+    }
+
+    void menusWhileDownloading()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        rig.startDownload();
+        checkMenus(a,
+            { { "mnuDownloadData", true, true }, { "mnuSenseTemperature", false, false },
+                { "mnuFile", false, false }, { "mnuTextStamp", false, false },
+                { "mnuAbout", false, false }, { "mnuCharting", false, false },
+                { "mnuSearchForIR", true, false } });
+        QVERIFY(rig.host.calls.contains(QStringLiteral("showStoredPoints")));
+        QCOMPARE(a.storedPointsModel.cmdStartDownload.caption(), QStringLiteral("STOP RECEIVING"));
+        QCOMPARE(a.storedPointsModel.lblAcquiredPoints.caption(), QStringLiteral("WAITING..."));
+        QVERIFY(!a.storedPointsModel.cmdClearAcqPts.enabled());
+    }
+
+    void stopReturnsEverythingToIdle_data()
+    {
+        QTest::addColumn<QString>("mode");
+        QTest::newRow("from sensing") << "realtime";
+        QTest::newRow("from a download") << "download";
+    }
+    void stopReturnsEverythingToIdle()
+    {
+        QFETCH(QString, mode);
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.mnuSearchForIR.setChecked(true);
+        if (mode == QLatin1String("realtime"))
+            rig.startSensing();
+        else
+            rig.startDownload();
+        a.acquisition.mnuStop_Click();
+        checkMenus(a,
+            { { "mnuSenseTemperature", true, false }, { "mnuDownloadData", true, false },
+                { "mnuSystemSetup", true, false }, { "mnuFile", true, false },
+                { "mnuSavePlotToFile", true, false }, { "mnuLoadPlotFile", true, false },
+                { "mnuShowAllPts", true, false }, { "mnuClearChart", true, false },
+                { "mnuCopyChart", true, false }, { "mnuTextStamp", true, false },
+                { "mnuNewAcquiredDataPoints", true, false }, { "mnuAbout", true, false },
+                { "mnuCharting", true, false }, { "mnuSearchForIR", true, false } });
+        QVERIFY(!rig.port.isOpen());
+        QVERIFY(!a.acquisition.tmrCheckTransmission().isActive());
+        QVERIFY(!a.acquisition.tmrBeep().isActive());
+        QVERIFY(!a.acquisition.lastObtainedFile().isOpen());
+        QVERIFY(!a.main.lblStatCurrentTemp.visible());
+        QCOMPARE(a.storedPointsModel.cmdStartDownload.caption(),
+            mode == QLatin1String("download") ? QStringLiteral("START RECEIVING")
+                                              : QStringLiteral("START RECEIVING"));
+        // An empty chart asks nothing.
+        QVERIFY(!rig.host.calls.contains(QStringLiteral("offerToSavePlot")));
+        QVERIFY(rig.prompter.titles().isEmpty());
+    }
+
+    void stopOffersToSaveAPlot()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        rig.startSensing();
+        rig.feed("  80\x07");
+        a.acquisition.mnuSenseTemperature_Click();
+        QCOMPARE(rig.host.calls.count(QStringLiteral("offerToSavePlot")), 1);
+        QVERIFY(!a.main.mnuSenseTemperature.checked());
+    }
+
+    void watchdog_data()
+    {
+        QTest::addColumn<QString>("mode");
+        QTest::addColumn<QString>("interval");
+        QTest::addColumn<int>("silence");
+        QTest::addColumn<bool>("halts");
+        QTest::newRow("interval 2, 4 s") << "realtime"
+                                         << "2" << 4 << false;
+        QTest::newRow("interval 2, 5 s") << "realtime"
+                                         << "2" << 5 << true;
+        QTest::newRow("no interval, 2001 s") << "realtime"
+                                             << "NO-INT" << 2001 << false;
+        QTest::newRow("no interval, 2002 s") << "realtime"
+                                             << "NO-INT" << 2002 << true;
+        QTest::newRow("empty interval, 2002 s") << "realtime"
+                                                << "" << 2002 << true;
+        QTest::newRow("download, 17 s") << "download"
+                                        << "2" << 17 << false;
+        QTest::newRow("download, 18 s") << "download"
+                                        << "2" << 18 << true;
+    }
+    void watchdog()
+    {
+        QFETCH(QString, mode);
+        QFETCH(QString, interval);
+        QFETCH(int, silence);
+        QFETCH(bool, halts);
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.lblSystParameters(2).setCaption(interval);
+        if (mode == QLatin1String("realtime"))
+            rig.startSensing();
+        else
+            rig.startDownload();
+        rig.clock.advance(silence);
+        a.acquisition.tmrCheckTransmission_Timer();
+        QCOMPARE(a.acquisition.TransmissionLost, halts);
+        QCOMPARE(rig.port.isOpen(), !halts);
+        if (!halts) {
+            QVERIFY(rig.prompter.titles().isEmpty());
+            return;
+        }
+        QCOMPARE(rig.prompter.titles(), QStringList { "IR SYSTEM HAS HALTED DATA TRANSMISSION" });
+        const auto box = rig.prompter.messages().front();
+        QCOMPARE(box.text,
+            QStringLiteral("IR SYSTEM IS NOT TRANSMITTING!\r\nDATA LOGGING HAS BEEN HALTED."));
+        QCOMPARE(box.icon, Prompter::Icon::Exclamation);
+        QVERIFY(!a.acquisition.tmrCheckTransmission().isActive());
+        if (mode == QLatin1String("download")) {
+            // The stored points window is back to idle with its buttons enabled.
+            QCOMPARE(
+                a.storedPointsModel.cmdStartDownload.caption(), QStringLiteral("START RECEIVING"));
+            QCOMPARE(a.storedPointsModel.lblAcquiredPoints.caption(),
+                QStringLiteral("STORED DATA POINTS..."));
+            QVERIFY(a.storedPointsModel.cmdSaveToTxtFile.enabled());
+            QVERIFY(a.storedPointsModel.cmdClearAcqPts.enabled());
+        }
+    }
+
+    void watchdogShowsItsBoxOnce()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        rig.startSensing();
+        rig.clock.advance(10);
+        rig.prompter.onShow
+            = [&](const Prompter::Message&) { a.acquisition.tmrCheckTransmission_Timer(); };
+        a.acquisition.tmrCheckTransmission_Timer();
+        QCOMPARE(rig.prompter.titles().size(), 1);
+    }
+
+    void charactersKeepTheWatchdogQuiet()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.lblSystParameters(2).setCaption(QStringLiteral("2"));
+        rig.startSensing();
+        for (int i = 0; i < 10; ++i) {
+            rig.clock.advance(3);
+            rig.feed(" ");
+            a.acquisition.tmrCheckTransmission_Timer();
+        }
+        QVERIFY(!a.acquisition.TransmissionLost);
+    }
+
+    void portThatCannotOpen()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        rig.port.failure = QStringLiteral("Permission denied");
+        a.acquisition.mnuSenseTemperature_Click();
+        QCOMPARE(rig.prompter.titles(), QStringList { "CANNOT OPEN COMM PORT" });
+        const QString text = rig.prompter.messages().front().text;
+        QVERIFY(text.contains(QStringLiteral("/dev/fake1")));
+        QVERIFY(text.contains(QStringLiteral("Permission denied")));
+        QVERIFY(!a.main.mnuSenseTemperature.checked());
+        QVERIFY(!a.acquisition.tmrCheckTransmission().isActive());
+    }
+
+    void beep_data()
+    {
+        QTest::addColumn<QString>("entry22");
+        QTest::addColumn<int>("beeps");
+        QTest::newRow("on") << "1" << 1;
+        QTest::newRow("off") << "0" << 0;
+        QTest::newRow("True") << "True" << 1;
+        QTest::newRow("word") << "loud" << 0;
+        QTest::newRow("empty") << "" << 0;
+    }
+    void beep()
+    {
+        QFETCH(QString, entry22);
+        QFETCH(int, beeps);
+        AppRig rig;
+        rig.app().state.SettingsValues[22] = entry22;
+        rig.app().acquisition.tmrBeep_Timer();
+        QCOMPARE(rig.beeper.count, beeps);
+    }
+
+    void closingTheStoredPointsWindowEndsTheDownload()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        rig.startDownload();
+        a.storedPoints.Form_Unload();
+        QVERIFY(!a.state.DownloadFromWindow);
+        QVERIFY(!a.main.mnuDownloadData.checked());
+        QVERIFY(!rig.port.isOpen());
+        QVERIFY(a.main.mnuSenseTemperature.enabled());
+    }
+
+    void downloadCommandAgainUnloadsTheWindowOnce()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        rig.startDownload();
+        a.acquisition.mnuDownloadData_Click();
+        QCOMPARE(rig.host.calls.count(QStringLiteral("unloadStoredPoints")), 1);
+        QVERIFY(!a.main.mnuDownloadData.checked());
+        QVERIFY(!rig.port.isOpen());
+    }
+};
+TALAVEX_TEST(TestAcquisition)
+#include "TestAcquisition.moc"

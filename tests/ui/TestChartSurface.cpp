@@ -1,0 +1,310 @@
+#include "support/TestRegistry.h"
+
+#include "base/AppState.h"
+#include "base/MainWindowModel.h"
+#include "chart/GraphingFunctions.h"
+#include "chart/InMemoryChartSurface.h"
+#include "ui/QCustomPlotSurface.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+#include <qcustomplot.h>
+
+namespace {
+using Axis = ChartSurface::Axis;
+
+struct PlotRig {
+    QCustomPlot plot;
+    QCustomPlotSurface surface { plot };
+    PlotRig() { plot.resize(800, 600); }
+    // Redraws now, which also brings series in the general model into their graphs.
+    void draw() { plot.replot(QCustomPlot::rpImmediateRefresh); }
+    std::vector<QPointF> graphPoints(int series)
+    {
+        std::vector<QPointF> points;
+        const auto data = surface.graph(series)->data();
+        for (auto it = data->constBegin(); it != data->constEnd(); ++it)
+            points.emplace_back(it->key, it->value);
+        return points;
+    }
+};
+
+// Applies a script of surface operations: "c5" sets the point count of series 1, "x3=7.5" and
+// "y3=7.5" set a value, "=E" stands for the empty-point value, "e=-1" changes that value.
+void run(ChartSurface& chart, const QString& script)
+{
+    for (const QString& op : script.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        if (op.startsWith(QLatin1Char('c'))) {
+            chart.setPointCount(1, op.mid(1).toInt());
+            continue;
+        }
+        const QString value = op.section(QLatin1Char('='), 1);
+        const double v = value == QLatin1String("E") ? chart.emptyPointValue() : value.toDouble();
+        const int point = op.section(QLatin1Char('='), 0, 0).mid(1).toInt();
+        if (op.startsWith(QLatin1Char('x')))
+            chart.setX(1, point, v);
+        else if (op.startsWith(QLatin1Char('y')))
+            chart.setY(1, point, v);
+        else
+            chart.setEmptyPointValue(v);
+    }
+}
+
+// A long random script over a short series: counts, values in and out of order, empties.
+QString randomScript(quint32 seed, int length)
+{
+    QRandomGenerator random(seed);
+    QStringList ops;
+    int count = 0;
+    for (int i = 0; i < length; ++i) {
+        const int kind = random.bounded(10);
+        if (kind == 0 || count == 0) {
+            count = random.bounded(12);
+            ops << QStringLiteral("c%1").arg(count);
+        } else if (kind == 1 && random.bounded(8) == 0) {
+            ops << QStringLiteral("e=%1").arg(random.bounded(3) - 1);
+        } else {
+            const int point = 1 + random.bounded(count);
+            const QString value = random.bounded(5) == 0
+                ? QStringLiteral("E")
+                : QString::number(random.bounded(2) ? point : random.bounded(20));
+            ops << QStringLiteral("%1%2=%3").arg(kind % 2 ? 'x' : 'y').arg(point).arg(value);
+        }
+    }
+    return ops.join(QLatin1Char(' '));
+}
+
+std::vector<QPointF> sortedByX(std::vector<QPointF> points)
+{
+    std::stable_sort(points.begin(), points.end(),
+        [](const QPointF& a, const QPointF& b) { return a.x() < b.x(); });
+    return points;
+}
+} // namespace
+
+class TestChartSurface : public QObject {
+    Q_OBJECT
+private slots:
+    void designTimeAppearance()
+    {
+        PlotRig rig;
+        QCOMPARE(rig.surface.axisTitle(Axis::X), QString("SECONDS"));
+        QCOMPARE(rig.surface.axisTitle(Axis::Y), QString("TEMPERATURE"));
+        QCOMPARE(rig.surface.timeFormat(), QString("%H:%M:%S"));
+        QCOMPARE(rig.surface.seriesCount(), 3);
+        QCOMPARE(rig.plot.graphCount(), 3);
+        QVERIFY(!rig.surface.marker()->visible());
+    }
+
+    void readingsAppearInGraph()
+    {
+        PlotRig rig;
+        AppState state;
+        MainWindowModel window;
+        GraphingFunctions engine(rig.surface, state, window);
+        window.lblSystParameters(2).setCaption("2");
+        engine.InitializeChart();
+        engine.ResetChartSeries();
+        QCOMPARE(rig.surface.graph(1)->data()->size(), 0);
+
+        for (qint16 reading : { 70, 72, 71, -3, 300 }) {
+            state.TimeInterval = 2.0f;
+            engine.AddReadingToChart(reading);
+        }
+        QCOMPARE(rig.surface.pointCount(1), 6);
+        QCOMPARE(rig.surface.x(1, 6), GraphingFunctions::EmptyPoint);
+        const std::vector<QPointF> expected { { 0, 70 }, { 2, 72 }, { 4, 71 }, { 6, -3 },
+            { 8, 300 } };
+        QCOMPARE(rig.graphPoints(1), expected);
+        QVERIFY(rig.surface.seriesInOrder(1));
+        QCOMPARE(rig.graphPoints(2).size(), std::size_t(2));
+    }
+
+    // The plot must show exactly the points a plain model of the series would draw, and read
+    // back every value as set, whatever order the values come in.
+    void sameAsPlainModel_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<bool>("inOrder");
+        QTest::newRow("appending") << "c1 x1=E x1=0 y1=5 c2 x2=1 y2=6 c3 x3=2 y3=7 c4" << true;
+        QTest::newRow("all Y, then all X") << "c4 y1=1 y2=2 y3=3 y4=4 x1=0 x2=1 x3=1 x4=9" << true;
+        QTest::newRow("last point emptied and refilled")
+            << "c3 x1=0 y1=1 x2=1 y2=2 x3=2 y3=3 x3=E x3=5 c1 x1=E" << true;
+        QTest::newRow("shrink below the drawn points and grow")
+            << "c4 x1=0 y1=1 x2=1 y2=2 x3=2 y3=3 c2 c5 x3=4 y3=4" << true;
+        QTest::newRow("X out of order") << "c3 x1=0 y1=1 x2=5 y2=2 x3=2 y3=3" << false;
+        QTest::newRow("middle point emptied") << "c3 x1=0 y1=1 x2=5 y2=2 x3=6 y3=3 y2=E" << false;
+        QTest::newRow("drawable behind a gap") << "c4 x1=0 y1=1 x3=5 y3=2" << false;
+        QTest::newRow("empty value changed") << "c3 x1=0 y1=0 x2=1 y2=-1 e=0" << false;
+        QTest::newRow("general, then back by a reset")
+            << "c3 x1=5 y1=1 x2=0 y2=2 c1 x1=E x1=0 y1=4 c2 x2=3 y2=1" << true;
+        for (quint32 seed : { 1u, 2u, 3u }) {
+            QTest::addRow("random %u", seed)
+                << randomScript(seed, 400) + QStringLiteral(" c1 x1=E y1=E") << true;
+        }
+    }
+    void sameAsPlainModel()
+    {
+        QFETCH(QString, script);
+        QFETCH(bool, inOrder);
+        PlotRig rig;
+        InMemoryChartSurface plain;
+        // Checked at every step, so a wrong value is caught where it first appears.
+        const QStringList ops = script.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        for (int i = 0; i < ops.size(); ++i) {
+            run(rig.surface, ops[i]);
+            run(plain, ops[i]);
+            const int count = plain.pointCount(1);
+            QCOMPARE(rig.surface.pointCount(1), count);
+            for (int k = 1; k <= count; ++k) {
+                QCOMPARE(rig.surface.x(1, k), plain.x(1, k));
+                QCOMPARE(rig.surface.y(1, k), plain.y(1, k));
+            }
+            if (i % 7 == 0 || i == ops.size() - 1) {
+                rig.draw();
+                QCOMPARE(rig.graphPoints(1), sortedByX(plain.drawnPoints(1)));
+            }
+        }
+        QCOMPARE(rig.surface.seriesInOrder(1), inOrder);
+    }
+
+    void batchMakesOneReplot()
+    {
+        PlotRig rig;
+        QSignalSpy replots(&rig.plot, &QCustomPlot::afterReplot);
+        QTRY_COMPARE(replots.count(), 1);
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        replots.clear();
+
+        rig.surface.beginBatch();
+        rig.surface.beginBatch();
+        rig.surface.setAxisMin(Axis::X, 10);
+        rig.surface.setAxisMax(Axis::X, 20);
+        rig.surface.endBatch();
+        rig.surface.setPointCount(1, 2);
+        rig.surface.setX(1, 1, 12);
+        rig.surface.setY(1, 1, 3);
+        rig.surface.setAxisTitle(Axis::Y, "DEG");
+        QCoreApplication::processEvents();
+        QCOMPARE(replots.count(), 0);
+        rig.surface.endBatch();
+
+        QTRY_COMPARE(replots.count(), 1);
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        QCoreApplication::processEvents();
+        QCOMPARE(replots.count(), 1);
+        QCOMPARE(rig.plot.xAxis->range(), QCPRange(10, 20));
+    }
+
+    void floodOfReadingsIsCoalesced()
+    {
+        PlotRig rig;
+        AppState state;
+        MainWindowModel window;
+        GraphingFunctions engine(rig.surface, state, window);
+        window.lblSystParameters(2).setCaption("1");
+        engine.InitializeChart();
+        engine.ResetChartSeries();
+        QSignalSpy replots(&rig.plot, &QCustomPlot::afterReplot);
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        replots.clear();
+
+        for (int i = 0; i < 2000; ++i) {
+            qint16 reading = qint16(i % 100);
+            state.TimeInterval = 1.0f;
+            engine.AddReadingToChart(reading);
+        }
+        QTRY_VERIFY(replots.count() >= 1);
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        QVERIFY2(replots.count() <= 2, qPrintable(QString::number(replots.count())));
+        QCOMPARE(rig.surface.graph(1)->data()->size(), 2000);
+    }
+
+    void labels_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<double>("lower");
+        QTest::addColumn<double>("upper");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("whole numbers") << "#.##" << 10.0 << 14.0 << "12";
+        QTest::newRow("one decimal") << "#.##" << 12.0 << 13.0 << "12.2";
+        QTest::newRow("two decimals") << "#.##" << 0.0 << 0.1 << ".02";
+        QTest::newRow("below one") << "#.##" << 0.0 << 1.0 << ".2";
+        QTest::newRow("negative") << "#.##" << -1.0 << 0.0 << "-.4";
+        QTest::newRow("no picture") << "" << 0.0 << 1.0 << "0.2";
+    }
+    void labels()
+    {
+        QFETCH(QString, format);
+        QFETCH(double, lower);
+        QFETCH(double, upper);
+        QFETCH(QString, expected);
+        PlotRig rig;
+        rig.surface.setAxisLabelFormat(Axis::X, format);
+        rig.surface.setAxisMin(Axis::X, lower);
+        rig.surface.setAxisMax(Axis::X, upper);
+        rig.draw();
+        const QVector<QString> labels = rig.plot.xAxis->tickVectorLabels();
+        QVERIFY2(labels.contains(expected),
+            qPrintable(QStringList(labels.begin(), labels.end()).join('|')));
+        if (format != QLatin1String("#.##"))
+            return;
+        // No trailing zeros, no zero before the point, at most two decimals.
+        static const QRegularExpression picture(
+            QStringLiteral("^-?([1-9]\\d*)?(\\.\\d?[1-9])?$|^0$"));
+        for (const QString& label : labels)
+            QVERIFY2(picture.match(label).hasMatch(), qPrintable(label));
+    }
+
+    void axisLimitsKeptAsSet()
+    {
+        PlotRig rig;
+        rig.surface.setAxisMin(Axis::X, 0);
+        rig.surface.setAxisMax(Axis::X, 60);
+        rig.surface.setAxisMin(Axis::X, 100);
+        QCOMPARE(rig.surface.axisMin(Axis::X), 100.0);
+        QCOMPARE(rig.surface.axisMax(Axis::X), 60.0);
+        QCOMPARE(rig.plot.xAxis->range(), QCPRange(60, 100));
+        rig.surface.setAxisMax(Axis::X, 200);
+        QCOMPARE(rig.plot.xAxis->range(), QCPRange(100, 200));
+        // A range moved on the plot itself is what the surface reports.
+        rig.plot.yAxis->setRange(-5, 5);
+        QCOMPARE(rig.surface.axisMin(Axis::Y), -5.0);
+        QCOMPARE(rig.surface.axisMax(Axis::Y), 5.0);
+    }
+
+    void markerAndPixels()
+    {
+        PlotRig rig;
+        rig.surface.setAxisMin(Axis::X, 0);
+        rig.surface.setAxisMax(Axis::X, 60);
+        rig.surface.setAxisMin(Axis::Y, -10);
+        rig.surface.setAxisMax(Axis::Y, 90);
+        rig.surface.setMarkerX(12.5);
+        rig.surface.setMarkerVisible(true);
+        rig.draw();
+        QVERIFY(rig.surface.marker()->visible());
+        QCOMPARE(rig.surface.marker()->point1->coords().x(), 12.5);
+
+        const QPointF pixel(rig.plot.xAxis->coordToPixel(30), rig.plot.yAxis->coordToPixel(40));
+        const QPointF data = rig.surface.pixelToData(pixel);
+        QVERIFY(qAbs(data.x() - 30) < 1e-9);
+        QVERIFY(qAbs(data.y() - 40) < 1e-9);
+    }
+
+    void copyToClipboard()
+    {
+        PlotRig rig;
+        QGuiApplication::clipboard()->clear();
+        rig.surface.copyToClipboard();
+        const QImage image = QGuiApplication::clipboard()->image();
+        QVERIFY(!image.isNull());
+        QCOMPARE(image.size(), rig.plot.size());
+    }
+};
+TALAVEX_TEST(TestChartSurface)
+#include "TestChartSurface.moc"
