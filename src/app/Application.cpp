@@ -28,8 +28,10 @@ Application::Application(Platform platform_, QObject* parent)
         if (open)
             receiver.pump(prompter.modalOpen());
         if (wasOpen_ && !open) {
+            // The device went away under an open port (a USB adapter pulled out).
             wasOpen_ = false;
             emit portClosed();
+            acquisition.portLost();
         }
     });
     prompter.setBeforeModal([this] { acquisition.lastObtainedFile().flush(); });

@@ -38,7 +38,9 @@ void MainController::Form_Load()
     }
     CheckMemory();
     port_.resetBufferCounts();
-    state_.ProgramDirectory = QDir::currentPath();
+    // The directory recorded at start is the current one; it is only taken afresh when unset.
+    if (state_.ProgramDirectory.isEmpty())
+        state_.ProgramDirectory = QDir::currentPath();
     receiver_.clearReceiveMembers();
     if (const auto number = Numbers::TextToInt16(state_.SettingsValues[19])) {
         state_.CommPortNumber = *number;
@@ -49,8 +51,8 @@ void MainController::Form_Load()
 
 void MainController::CheckMemory()
 {
-    const double megabytes
-        = Numbers::RoundHalfEven(double(systemInfo_.totalPhysicalMemory()) / 1024000.0);
+    // Whole megabytes of 1,024,000 bytes, the fraction dropped: 16,000,000 bytes count as 15.
+    const quint64 megabytes = systemInfo_.totalPhysicalMemory() / 1024000;
     if (megabytes >= 15)
         return;
     prompter_.message(QStringLiteral("WARNING - SYSTEM'S RAM BELOW REQUIREMENTS"),

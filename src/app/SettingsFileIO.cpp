@@ -8,6 +8,10 @@
 
 #include <QFile>
 
+// The factory settings are built into the program too; the static library's resources must be
+// registered by hand.
+static void registerBuiltInFiles() { Q_INIT_RESOURCE(resources); }
+
 namespace {
 const char* const TimeUnitTitles[] = { "SECONDS", "MINUTES", "HOURS", "DAYS" };
 const QString BuiltInDefaults = QStringLiteral(":/talavex/DefaultSettings.dat");
@@ -72,7 +76,11 @@ bool SettingsFileIO::LoadSettings(bool useDefaults)
     if (!useDefaults)
         loaded = readInto(state_.filePath(QString::fromLatin1(FileName)));
     if (!loaded)
-        loaded = readInto(defaults) || readInto(BuiltInDefaults);
+        loaded = readInto(defaults);
+    if (!loaded) {
+        registerBuiltInFiles();
+        loaded = readInto(BuiltInDefaults);
+    }
     if (loaded)
         ApplySettings();
     return loaded;

@@ -171,6 +171,20 @@ void Acquisition::mnuStop_Click()
         windows_.setChartSettingsInputsEnabled(true);
 }
 
+void Acquisition::portLost()
+{
+    if (!realTimeMode() && !downloadMode())
+        return;
+    prompter_.message(QStringLiteral("COMM PORT LOST"),
+        QStringLiteral("THE CONNECTION TO COM %1 (%2) WAS LOST.")
+                .arg(port_.portNumber())
+                .arg(port_.deviceName())
+            + QStringLiteral("\r\n") + port_.errorString()
+            + QStringLiteral("\r\nDATA LOGGING HAS BEEN HALTED."),
+        Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+    mnuStop_Click();
+}
+
 void Acquisition::tmrCheckTransmission_Timer()
 {
     if (inWatchdogTick_)

@@ -35,6 +35,9 @@ public:
     void mnuDownloadData_Click();
     void mnuStop_Click();
 
+    // The port closed under an open acquisition: the operator is told, and it stops.
+    void portLost();
+
     void tmrCheckTransmission_Timer();
     void tmrBeep_Timer();
 

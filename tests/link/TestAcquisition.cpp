@@ -210,6 +210,22 @@ private slots:
         QVERIFY(!a.acquisition.tmrCheckTransmission().isActive());
     }
 
+    void vanishingPortHaltsWithAMessage()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        rig.startSensing();
+        rig.port.vanish(QStringLiteral("No such device"));
+        QCOMPARE(rig.prompter.titles(), QStringList { "COMM PORT LOST" });
+        QVERIFY(rig.prompter.messages().front().text.contains(QStringLiteral("No such device")));
+        QVERIFY(!a.main.mnuSenseTemperature.checked());
+        QVERIFY(!a.acquisition.tmrCheckTransmission().isActive());
+        // Once idle, a closed port is no news.
+        rig.prompter.clear();
+        a.acquisition.portLost();
+        QVERIFY(rig.prompter.titles().isEmpty());
+    }
+
     void beep_data()
     {
         QTest::addColumn<QString>("entry22");

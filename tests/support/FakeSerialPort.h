@@ -3,6 +3,7 @@
 #include "link/SerialPort.h"
 
 #include <QByteArray>
+#include <functional>
 
 // A serial port the test feeds by hand.
 class FakeSerialPort : public SerialPort {
@@ -20,6 +21,8 @@ public:
     }
     void close() override
     {
+        if (onClose)
+            onClose();
         ++closeCount;
         opened = false;
         pending.clear();
@@ -51,6 +54,15 @@ public:
         notifyReceived();
     }
 
+    // The device goes away under the open port.
+    void vanish(const QString& reason)
+    {
+        opened = false;
+        failure = reason;
+        notifyReceived();
+    }
+
+    std::function<void()> onClose;
     int number = 1;
     bool opened = false;
     int openCount = 0;

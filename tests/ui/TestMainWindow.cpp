@@ -1,0 +1,178 @@
+#include "support/AppRig.h"
+#include "support/TestRegistry.h"
+
+#include "ui/MainWindow.h"
+#include "ui/StoredPointsWindow.h"
+#include "ui/SystemStatusWindow.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+class TestMainWindow : public QObject {
+    Q_OBJECT
+
+    // The real window on the rig's application; the rig's host is replaced by the window.
+    struct Fixture {
+        AppRig rig;
+        MainWindow window { rig.app(), nullptr };
+        Fixture()
+        {
+            rig.app().controller.Form_Load();
+            window.show();
+        }
+        QAction* action(const char* name)
+        {
+            return window.findChild<QAction*>(QString::fromLatin1(name));
+        }
+        void trigger(const char* name)
+        {
+            QAction* a = action(name);
+            QVERIFY2(a, name);
+            a->trigger();
+            QCoreApplication::processEvents();
+        }
+    };
+
+private slots:
+    void captions_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("caption");
+        const QList<QPair<QString, QString>> items {
+            { "mnuLoadFile", "&LOAD FILE (In NotePad)" },
+            { "mnuSaveFile", "&SAVE FILE (TEXT FILE)" },
+            { "mnuCreateExcelFile", "&CREATE EXCEL FILE WITH ACQUIRED POINTS" },
+            { "mnuStop", "&STOP" },
+            { "mnuTextStamp", "&TEXT STAMP" },
+            { "mnuSenseTemperature", "&SEND DATA IN REALTIME" },
+            { "mnuDownloadData", "&DOWNLOAD STORED DATA" },
+            { "mnuViewTempBar", "&TEMP BAR" },
+            { "mnuNewAcquiredDataPoints", "&LAST OBTAINED DATA POINTS" },
+            { "mnuDownloadedDataPoints", "&DOWNLOADED DATA POINTS" },
+            { "mnuViewSystemStatus", "&SYSTEM STATUS" },
+            { "mnuRefreshChart", "&REFRESH CHART" },
+            { "mnuSavePlotToFile", "&SAVE PLOT TO FILE" },
+            { "mnuLoadPlotFile", "&LOAD PLOT FILE" },
+            { "mnuAutoScaleYAxis", "&AUTO SCALE Y AXIS" },
+            { "mnuDispLimits", "&DISPLAY LIMIT MARKERS" },
+            { "mnuShowAllPts", "S&HOW ALL POINTS" },
+            { "mnuRealTimeGraphOn", "&REAL TIME STRIP CHART" },
+            { "mnuAutoCompressed", "&AUTO COMPRESSED REAL TIME" },
+            { "mnuChartParameters", "PARA&METERS " },
+            { "mnuClearChart", "&CLEAR CHART" },
+            { "mnuStandardChart", "&STANDARD" },
+            { "mnuScopeChart", "&OSCILLISCOPE" },
+            { "mnuPlainChart", "&PLAIN" },
+            { "mnuCopyChart", "C&OPY CHART TO CLIPBOARD" },
+            { "mnuSystemSetup", "SE&TTINGS" },
+            { "mnuOnlineManual", "&ONLINE MANUAL" },
+            { "mnuAbout", "&ABOUT" },
+            { "mnuExit", "E&XIT" },
+            { "mnuTestFunction", "TEST FUNCTION" },
+            { "mnuSearchForIR", "SEARCH FOR IR" },
+            { "mnuControlTester", "Control Tester" },
+            { "mnuSplash", "SPLASH" },
+            { "mnuCreateSettingsFile", "CREATE SETTINGS FILE" },
+            { "mnuIniChart", "INITIALIZE CHART" },
+        };
+        for (const auto& item : items)
+            QTest::newRow(qPrintable(item.first)) << item.first << item.second;
+    }
+    void captions()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, caption);
+        Fixture f;
+        QAction* action = f.window.findChild<QAction*>(name);
+        QVERIFY(action);
+        QCOMPARE(action->text(), caption);
+    }
+
+    void menuBarLayout()
+    {
+        Fixture f;
+        QCOMPARE(f.window.windowTitle(), QStringLiteral("TALAVEX"));
+        QStringList top;
+        for (QAction* a : f.window.menuBar()->actions())
+            top << a->text();
+        QCOMPARE(top,
+            QStringList({ "&FILE", "&STOP", "CO&MMAND", "&VIEW", "&CHART", "SE&TTINGS", "&HELP",
+                "E&XIT", "&DEMO CONTROLS" }));
+        QCOMPARE(
+            f.window.findChild<QPushButton*>("cmdExit")->text(), QStringLiteral("EXIT PROGRAM"));
+        QCOMPARE(
+            f.window.findChild<QPushButton*>("cmdMarkers")->text(), QStringLiteral("CURSOR OFF"));
+        QVERIFY(f.window.findChild<QPushButton*>("cmdResetChart")->isHidden());
+        QCOMPARE(f.window.findChild<QLabel*>("lblParametersTitle")->text(),
+            QStringLiteral("DOWNLOADED         IR - SYSTEM PARAMETERS..."));
+    }
+
+    void sensingFromTheMenu()
+    {
+        Fixture f;
+        f.trigger("mnuSenseTemperature");
+        QVERIFY(f.action("mnuSenseTemperature")->isChecked());
+        QVERIFY(!f.window.findChild<QMenu*>("mnuFile")->menuAction()->isEnabled());
+        QVERIFY(!f.action("mnuSystemSetup")->isEnabled());
+        f.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  90\x07");
+        QCoreApplication::processEvents();
+        auto* reading = f.window.findChild<QLabel*>("lblCurrentTemp");
+        QCOMPARE(reading->text(), QStringLiteral("90"));
+        QVERIFY(reading->styleSheet().contains(QStringLiteral("#ff0000")));
+        QCOMPARE(f.window.findChild<QLabel*>("lblSystParameters_2")->text(), QStringLiteral("1"));
+        // The same command again stops: the check mark goes, the menus come back.
+        f.trigger("mnuSenseTemperature");
+        QVERIFY(!f.action("mnuSenseTemperature")->isChecked());
+        QVERIFY(f.window.findChild<QMenu*>("mnuFile")->menuAction()->isEnabled());
+        QVERIFY(reading->text().isEmpty());
+    }
+
+    void downloadWindow()
+    {
+        Fixture f;
+        f.trigger("mnuDownloadData");
+        StoredPointsWindow* window = f.window.storedPointsWindow();
+        QVERIFY(window && window->isVisible());
+        QCOMPARE(window->windowTitle(), QStringLiteral("STORED DATA POINTS"));
+        window->findChild<QPushButton*>("cmdStartDownload")->click();
+        QCoreApplication::processEvents();
+        QCOMPARE(window->findChild<QPushButton*>("cmdStartDownload")->text(),
+            QStringLiteral("STOP RECEIVING"));
+        f.rig.feed("#001   75   DEG F\x07\x07");
+        QCoreApplication::processEvents();
+        const QString text
+            = window->findChild<QPlainTextEdit*>("txtDataPointsDisplay")->toPlainText();
+        QVERIFY(text.contains(QStringLiteral("\t#001\t75\tDEG F")));
+        QVERIFY(text.contains(QStringLiteral("EMPTY LOCATION - NO DATA.")));
+        // Closing the window ends the download mode.
+        window->close();
+        QCoreApplication::processEvents();
+        QVERIFY(!f.action("mnuDownloadData")->isChecked());
+        QVERIFY(!f.rig.port.isOpen());
+        QVERIFY(f.action("mnuSenseTemperature")->isEnabled());
+    }
+
+    void systemStatusWindow()
+    {
+        Fixture f;
+        f.trigger("mnuViewSystemStatus");
+        QVERIFY(f.window.systemStatusWindow()->isVisible());
+        QVERIFY(f.rig.app().state.SystemStatusVisible);
+        QVERIFY(f.action("mnuViewSystemStatus")->isChecked());
+        // Sensing scans for the instrument; the first character closes the window.
+        f.trigger("mnuSenseTemperature");
+        QCOMPARE(f.rig.app().irSystem.GetCurrentState(), qint16(2));
+        f.rig.feed(" ");
+        QCoreApplication::processEvents();
+        QVERIFY(!f.window.systemStatusWindow()->isVisible());
+        QVERIFY(!f.rig.app().state.SystemStatusVisible);
+        QVERIFY(!f.action("mnuViewSystemStatus")->isChecked());
+    }
+};
+TALAVEX_TEST(TestMainWindow)
+#include "TestMainWindow.moc"
