@@ -24,21 +24,27 @@ Application::Application(Platform platform_, QObject* parent)
     receiver.setStoredPoints(&storedPoints);
 
     platform.port.setReceiveCallback([this] {
-        const bool open = platform.port.isOpen();
-        if (open)
-            receiver.pump(prompter.modalOpen());
-        if (wasOpen_ && !open) {
+        // What arrived before a loss is still handled: no reading already on the line is lost.
+        receiver.pump(prompter.modalOpen());
+        if (wasOpen_ && !platform.port.isOpen()) {
             // The device went away under an open port (a USB adapter pulled out).
             wasOpen_ = false;
             emit portClosed();
-            acquisition.portLost();
+            portLostPending_ = true;
+            reportPortLost();
         }
     });
     prompter.setBeforeModal([this] { acquisition.lastObtainedFile().flush(); });
-    // Bytes held back while a box was open are taken once the last box closes.
+    // Bytes held back while a box was open are taken once the last box closes, and a loss
+    // that happened meanwhile is told after them.
     prompter.setAfterModal([this] {
         QMetaObject::invokeMethod(
-            this, [this] { receiver.pump(prompter.modalOpen()); }, Qt::QueuedConnection);
+            this,
+            [this] {
+                receiver.pump(prompter.modalOpen());
+                reportPortLost();
+            },
+            Qt::QueuedConnection);
     });
     connect(&acquisition, &Acquisition::portStateChanged, this, [this](bool open) {
         wasOpen_ = open;
@@ -47,6 +53,15 @@ Application::Application(Platform platform_, QObject* parent)
         else
             emit portClosed();
     });
+}
+
+void Application::reportPortLost()
+{
+    // One box at a time: a loss while another box is open (the watchdog's, say) waits for it.
+    if (!portLostPending_ || prompter.modalOpen())
+        return;
+    portLostPending_ = false;
+    acquisition.portLost();
 }
 
 void Application::showStoredPointsWindow()

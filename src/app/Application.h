@@ -83,7 +83,9 @@ private:
     TempBarDisplay* tempBar() override;
     void setChartSettingsInputsEnabled(bool enabled) override;
     void offerToSavePlot() override;
+    void reportPortLost();
 
     AcquisitionWindows* host_ = nullptr;
     bool wasOpen_ = false;
+    bool portLostPending_ = false;
 };

@@ -103,7 +103,7 @@ void ReceiveHandler::pump(bool modalOpen)
     LastObtainedFile& file = acquisition_.lastObtainedFile();
     file.hold();
     char c;
-    while (port_.isOpen() && port_.readChar(c))
+    while (port_.readChar(c))
         IR_Comm_OnComm(c);
     file.release();
     pumping_ = false;

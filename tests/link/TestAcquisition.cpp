@@ -226,6 +226,36 @@ private slots:
         QVERIFY(rig.prompter.titles().isEmpty());
     }
 
+    void lossKeepsWhatArrivedAndWaitsForAnOpenBox()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        rig.startSensing();
+        // A reading already on the line when the device goes away is still shown.
+        rig.port.pending.append("  77\x07");
+        rig.port.vanish(QStringLiteral("No such device"));
+        QCOMPARE(a.main.lblCurrentTemp.caption(), QString());
+        QCOMPARE(rig.prompter.titles(), QStringList { "COMM PORT LOST" });
+        QVERIFY(a.chart.ChartHasPoints());
+        QVERIFY(rig.lastObtained().endsWith("  77\r\n"));
+
+        // A loss while the watchdog's box is open adds no second box: the halt already said it.
+        AppRig second;
+        Application& b = second.app();
+        b.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        second.startSensing();
+        second.clock.advance(10);
+        second.prompter.onShow
+            = [&](const Prompter::Message&) { second.port.vanish(QStringLiteral("gone")); };
+        b.acquisition.tmrCheckTransmission_Timer();
+        second.prompter.onShow = nullptr;
+        QCoreApplication::processEvents();
+        QCOMPARE(
+            second.prompter.titles(), QStringList { "IR SYSTEM HAS HALTED DATA TRANSMISSION" });
+        QVERIFY(!b.main.mnuSenseTemperature.checked());
+    }
+
     void beep_data()
     {
         QTest::addColumn<QString>("entry22");

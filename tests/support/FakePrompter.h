@@ -40,9 +40,10 @@ public:
         shown.push_back(s);
         if (inputs.empty())
             return std::nullopt;
-        auto answer = inputs.front();
+        const bool answered = inputs.front().has_value();
+        const QString text = answered ? *inputs.front() : QString();
         inputs.pop_front();
-        return answer;
+        return answered ? std::optional<QString>(text) : std::nullopt;
     }
     QString saveFileName(const FileChoice& choice) override { return choose("save", choice); }
     QString openFileName(const FileChoice& choice) override { return choose("open", choice); }
