@@ -4,6 +4,7 @@
 #include "link/PortMap.h"
 #include "link/sim/SimulatedInstrument.h"
 #include "ui/LinuxSystemInfo.h"
+#include "ui/Logo.h"
 #include "ui/MainWindow.h"
 #include "ui/QCustomPlotSurface.h"
 #include "ui/QtBeeper.h"
@@ -95,6 +96,11 @@ int main(int argc, char** argv)
     platform.listSerialDevices = serialDevices;
     Application app(platform);
     app.state.ProgramDirectory = programDirectory;
+    // The manual installed with the program, for a program directory that has none.
+    app.help.setInstalledManual(
+        QDir(QApplication::applicationDirPath())
+            .filePath(QStringLiteral("../share/talavex/Web Manual/Index.html")));
+    QApplication::setWindowIcon(Logo::icon());
     MainWindow window(app, plot);
     QObject::connect(&app.controller, &MainController::quitRequested, &qapp, &QApplication::quit,
         Qt::QueuedConnection);

@@ -19,6 +19,7 @@ Application::Application(Platform platform_, QObject* parent)
           state, main, platform.port, chart, settings, receiver, prompter, platform.systemInfo)
     , programParameters(state, programParametersModel, platform.port, platform.systemInfo,
           platform.portMap, platform.listSerialDevices)
+    , help(state, platform.launcher, prompter)
 {
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);

@@ -15,6 +15,7 @@
 #include "link/StoredPointsController.h"
 #include "link/StoredPointsModel.h"
 #include "store/DataPointStore.h"
+#include "store/HelpServices.h"
 
 #include <QObject>
 #include <QStringList>
@@ -68,6 +69,7 @@ public:
     MainController controller;
     ProgramParametersModel programParametersModel;
     ProgramParametersController programParameters;
+    HelpServices help;
 
 signals:
     // The port was opened for real-time sensing (true) or a download (false), or closed.

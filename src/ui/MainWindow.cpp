@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "AboutDialog.h"
 #include "ModelBinder.h"
 #include "ProgramParametersDialog.h"
 #include "StoredPointsWindow.h"
@@ -72,6 +73,8 @@ void MainWindow::bindCommands()
     on("mnuExit", [&a] { a.controller.Shutdown(); });
     on("mnuViewSystemStatus", [this] { mnuViewSystemStatus_Click(); });
     on("mnuSystemSetup", [this] { mnuSystemSetup_Click(); });
+    on("mnuOnlineManual", [&a] { a.help.OpenOnlineManual(); });
+    on("mnuAbout", [this] { mnuAbout_Click(); });
     binder_->onClicked(QStringLiteral("cmdExit"), [&a] { a.controller.Shutdown(); });
 }
 
@@ -110,6 +113,12 @@ void MainWindow::mnuViewSystemStatus_Click()
     systemStatus_->show();
     systemStatus_->raise();
     app_.main.mnuViewSystemStatus.setChecked(true);
+}
+
+void MainWindow::mnuAbout_Click()
+{
+    AboutDialog about(app_.help, this);
+    about.exec();
 }
 
 void MainWindow::mnuSystemSetup_Click()

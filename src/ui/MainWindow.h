@@ -38,6 +38,7 @@ public:
 
     void mnuViewSystemStatus_Click();
     void mnuSystemSetup_Click();
+    void mnuAbout_Click();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
