@@ -1,5 +1,6 @@
 #include "app/Application.h"
 #include "app/CommandLine.h"
+#include "app/ProgramFolder.h"
 #include "base/Clock.h"
 #include "link/PortMap.h"
 #include "link/sim/SimulatedInstrument.h"
@@ -16,6 +17,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QMessageBox>
 #include <QSerialPortInfo>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -79,7 +81,21 @@ int main(int argc, char** argv)
         return line.error == CommandLine::usage() ? 0 : 2;
     }
 
-    // Every work and settings file lives in the directory the program was started from.
+    // Every work and settings file lives in the directory the program was started from; a start
+    // from the desktop menu uses a folder of its own in the home folder.
+    if (line.home) {
+        const QString folder = ProgramFolder::inHome(QDir::homePath());
+        const QString factory
+            = QDir(QApplication::applicationDirPath())
+                  .filePath(QStringLiteral("../share/talavex/DefaultSettings.dat"));
+        QString error;
+        if (!ProgramFolder::prepare(folder, factory, &error) || !QDir::setCurrent(folder)) {
+            QMessageBox::critical(nullptr, QStringLiteral("TALAVEX"),
+                error.isEmpty() ? QStringLiteral("The folder %1 cannot be used.").arg(folder)
+                                : error);
+            return 1;
+        }
+    }
     const QString programDirectory = QDir::currentPath();
     PortMap portMap;
     portMap.load(programDirectory);

@@ -7,6 +7,8 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         const QString& arg = arguments.at(i);
         if (arg == QLatin1String("--demo")) {
             line.demo = true;
+        } else if (arg == QLatin1String("--home")) {
+            line.home = true;
         } else if (arg == QLatin1String("--no-splash")) {
             line.splash = false;
         } else if (arg == QLatin1String("--startup-probe")) {
@@ -35,10 +37,11 @@ CommandLine CommandLine::parse(const QStringList& arguments)
 QString CommandLine::usage()
 {
     return QStringLiteral(
-        "Usage: talavex [--demo] [--port DEVICE] [--no-splash]\n"
+        "Usage: talavex [--demo] [--port DEVICE] [--no-splash] [--home]\n"
         "  --demo           start with a simulated instrument bound to the current port\n"
         "  --port DEVICE    bind the current COM number to DEVICE (e.g. /dev/ttyUSB0) for this "
         "run\n"
         "  --no-splash      show the main window at once\n"
-        "Work and settings files are kept in the current directory.");
+        "  --home           keep work and settings files in ~/TALAVEX (made on first start)\n"
+        "Otherwise work and settings files are kept in the current directory.");
 }

@@ -7,6 +7,7 @@
 struct CommandLine {
     bool demo = false;
     bool splash = true;
+    bool home = false; // --home: the program directory is ~/TALAVEX (the desktop menu's start)
     bool startupProbe = false; // prints the time to the main window shown, then ends
     QString portDevice; // --port DEVICE: binds the current COM number to DEVICE for this run
     QString error; // set when the arguments could not be understood
