@@ -110,6 +110,7 @@ int main(int argc, char** argv)
 
     Platform platform { prompter, clock, beeper, launcher, systemInfo, port, surface, portMap };
     platform.listSerialDevices = serialDevices;
+    platform.openForSearch = &QtSerialPort::forDevice;
     Application app(platform);
     app.state.ProgramDirectory = programDirectory;
     // The manual installed with the program, for a program directory that has none.

@@ -18,7 +18,7 @@ Application::Application(Platform platform_, QObject* parent)
     , controller(
           state, main, platform.port, chart, settings, receiver, prompter, platform.systemInfo)
     , programParameters(state, programParametersModel, platform.port, platform.systemInfo,
-          platform.portMap, platform.listSerialDevices)
+          platform.portMap, platform.listSerialDevices, prompter, platform.openForSearch)
     , help(state, platform.launcher, prompter)
 {
     acquisition.setStoredPoints(&storedPoints);

@@ -9,6 +9,7 @@
 #include "link/Acquisition.h"
 #include "link/AcquisitionWindows.h"
 #include "link/IRSystem.h"
+#include "link/InstrumentSearch.h"
 #include "link/ProgramParametersController.h"
 #include "link/ProgramParametersModel.h"
 #include "link/ReceiveHandler.h"
@@ -42,6 +43,8 @@ struct Platform {
     PortMap& portMap;
     // The serial devices the system reports, for binding a COM number to one.
     std::function<QStringList()> listSerialDevices = [] { return QStringList(); };
+    // Opens a receive-only port on one device, for the instrument search.
+    InstrumentSearch::PortFactory openForSearch = nullptr;
 };
 
 // Owns the shared state and every controller, and wires them together. The windows register

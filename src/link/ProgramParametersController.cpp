@@ -5,11 +5,15 @@
 #include "TimingUtils.h"
 #include "base/AppState.h"
 #include "base/Numbers.h"
+#include "base/Prompter.h"
 #include "base/Services.h"
+
+#include <algorithm>
 
 ProgramParametersController::ProgramParametersController(AppState& state,
     ProgramParametersModel& model, SerialPort& port, const SystemInfo& systemInfo, PortMap& ports,
-    DeviceLister listDevices, QObject* parent)
+    DeviceLister listDevices, Prompter& prompter, InstrumentSearch::PortFactory openForSearch,
+    QObject* parent)
     : QObject(parent)
     , state_(state)
     , model_(model)
@@ -17,7 +21,11 @@ ProgramParametersController::ProgramParametersController(AppState& state,
     , systemInfo_(systemInfo)
     , ports_(ports)
     , listDevices_(std::move(listDevices))
+    , prompter_(prompter)
+    , search_(std::move(openForSearch))
 {
+    connect(
+        &search_, &InstrumentSearch::finished, this, &ProgramParametersController::searchFinished);
 }
 
 QString ProgramParametersController::MegaBytes(quint64 bytes)
@@ -83,4 +91,66 @@ int ProgramParametersController::shownPortNumber() const
 void ProgramParametersController::showDevice()
 {
     model_.comDevice.setCaption(ports_.device(shownPortNumber()));
+}
+
+namespace {
+QString searchTitle() { return QStringLiteral("SEARCH FOR INSTRUMENT"); }
+} // namespace
+
+void ProgramParametersController::cmdSearchForIr_Click()
+{
+    if (search_.running())
+        return;
+    if (port_.isOpen()) {
+        prompter_.message(searchTitle(),
+            QStringLiteral("THE PROGRAM IS RECEIVING ON %1.\r\nSTOP ACQUISITION BEFORE SEARCHING.")
+                .arg(port_.deviceName()));
+        return;
+    }
+    const QStringList devices = listDevices_ ? listDevices_() : QStringList();
+    if (devices.isEmpty()) {
+        prompter_.message(searchTitle(), QStringLiteral("THIS COMPUTER REPORTS NO SERIAL PORTS."));
+        return;
+    }
+    model_.cmdSearchForIr.setEnabled(false);
+    model_.cmdSearchForIr.setCaption(QStringLiteral("LISTENING..."));
+    model_.lblSearchStatus.setCaption(
+        QStringLiteral("LISTENING ON %1 SERIAL PORT%2 FOR %3 SECONDS...")
+            .arg(devices.size())
+            .arg(devices.size() == 1 ? QString() : QStringLiteral("S"))
+            .arg(InstrumentSearch::ListenMilliseconds / 1000));
+    search_.start(devices);
+}
+
+void ProgramParametersController::searchFinished()
+{
+    model_.cmdSearchForIr.setEnabled(true);
+    model_.cmdSearchForIr.setCaption(ProgramParametersModel::SearchCaption());
+    const QString found = search_.bestDevice();
+    if (found.isEmpty()) {
+        const auto& findings = search_.findings();
+        const auto closed = std::count_if(findings.begin(), findings.end(),
+            [](const InstrumentSearch::Finding& f) { return !f.opened; });
+        model_.lblSearchStatus.setCaption(QStringLiteral("NO INSTRUMENT FOUND."));
+        QString text = QStringLiteral("NO INSTRUMENT RECORDS ARRIVED ON THE %1 SERIAL PORT%2.")
+                           .arg(findings.size())
+                           .arg(findings.size() == 1 ? QString() : QStringLiteral("S"));
+        if (closed > 0)
+            text += QStringLiteral("\r\n%1 OF THEM COULD NOT BE OPENED.").arg(closed);
+        text += QStringLiteral("\r\nCHECK THE CABLE, SWITCH THE INSTRUMENT ON, START IT SENDING "
+                               "AND SEARCH AGAIN.");
+        prompter_.message(QStringLiteral("NO INSTRUMENT FOUND"), text);
+        return;
+    }
+    const int number = shownPortNumber();
+    model_.lblSearchStatus.setCaption(QStringLiteral("INSTRUMENT RECORDS ON %1.").arg(found));
+    const auto answer = prompter_.message(QStringLiteral("INSTRUMENT FOUND"),
+        QStringLiteral("INSTRUMENT RECORDS ARRIVE ON %1.\r\nUSE THIS DEVICE FOR COM %2?")
+            .arg(found)
+            .arg(number),
+        Prompter::Buttons::YesNo, Prompter::Icon::Question, Prompter::Answer::Yes);
+    if (answer != Prompter::Answer::Yes)
+        return;
+    model_.comDevice.setCaption(found);
+    comDevice_Click();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "InstrumentSearch.h"
 #include "ProgramParametersModel.h"
 
 #include <QObject>
@@ -8,6 +9,7 @@
 
 struct AppState;
 class PortMap;
+class Prompter;
 class SerialPort;
 class SystemInfo;
 
@@ -20,8 +22,8 @@ public:
     using DeviceLister = std::function<QStringList()>;
 
     ProgramParametersController(AppState& state, ProgramParametersModel& model, SerialPort& port,
-        const SystemInfo& systemInfo, PortMap& ports, DeviceLister listDevices,
-        QObject* parent = nullptr);
+        const SystemInfo& systemInfo, PortMap& ports, DeviceLister listDevices, Prompter& prompter,
+        InstrumentSearch::PortFactory openForSearch, QObject* parent = nullptr);
 
     void Form_Load();
     // The operator picked an item of comCommPort (already set as the model's list index).
@@ -30,6 +32,10 @@ public:
     // comDevice's caption). Binds it to the shown port number and saves the port file; false
     // when the file could not be written (the binding still holds for this run).
     bool comDevice_Click();
+    // Listens on every serial device the system reports and offers to bind the shown port
+    // number to the one where instrument records arrive. Never transmits.
+    void cmdSearchForIr_Click();
+    InstrumentSearch& search() { return search_; }
 
     // Memory as the dialog shows it: bytes / 1,024,000 with one decimal, then " M-BYTES".
     static QString MegaBytes(quint64 bytes);
@@ -40,6 +46,7 @@ private:
     // The port number the dialog's list shows: 1 or 2.
     int shownPortNumber() const;
     void showDevice();
+    void searchFinished();
 
     AppState& state_;
     ProgramParametersModel& model_;
@@ -47,4 +54,6 @@ private:
     const SystemInfo& systemInfo_;
     PortMap& ports_;
     DeviceLister listDevices_;
+    Prompter& prompter_;
+    InstrumentSearch search_;
 };

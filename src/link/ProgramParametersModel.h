@@ -11,6 +11,8 @@ class ProgramParametersModel : public ViewModel {
 public:
     using ViewModel::ViewModel;
 
+    static QString SearchCaption() { return QStringLiteral("SEARCH FOR INSTRUMENT"); }
+
     Control frmProgramParameters { this, "frmProgramParameters", "PROGRAM PARAMETERS" };
 
     Control lblCommunicationsTitle { this, "lblCommunicationsTitle", "COMMUNICATIONS" };
@@ -20,6 +22,8 @@ public:
     Control lblDeviceCaption { this, "lblDeviceCaption", "DEVICE" };
     // Its caption is the device text, as shown or typed.
     Control comDevice { this, "comDevice" };
+    Control cmdSearchForIr { this, "cmdSearchForIr", SearchCaption() };
+    Control lblSearchStatus { this, "lblSearchStatus" };
 
     Control lblPcParametersTitle { this, "lblPcParametersTitle", "PC PARAMETERS" };
     Control lblProcessorCaption { this, "lblProcessorCaption", "PROCESSOR" };

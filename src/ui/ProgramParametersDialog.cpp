@@ -26,6 +26,8 @@ ProgramParametersDialog::ProgramParametersDialog(
 
     binder_ = new ModelBinder(model_, *this);
     binder_->onClicked(QStringLiteral("cmdOK"), [this] { accept(); });
+    binder_->onClicked(
+        QStringLiteral("cmdSearchForIr"), [this] { controller_.cmdSearchForIr_Click(); });
     connect(&model_, &ViewModel::changed, this, &ProgramParametersDialog::render);
 
     // Only the operator's picks count: filling the list on load must not change the port.

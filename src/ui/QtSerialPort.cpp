@@ -172,6 +172,18 @@ void QtSerialPort::onDeviceLost()
     notifyReceived();
 }
 
+std::shared_ptr<SerialPort> QtSerialPort::forDevice(const QString& device)
+{
+    // The port gets a map of its own, so the program's map stays as it is.
+    struct Probe {
+        PortMap map;
+        QtSerialPort port { map };
+    };
+    auto probe = std::make_shared<Probe>();
+    probe->map.setRunOverride(1, device);
+    return std::shared_ptr<SerialPort>(probe, &probe->port);
+}
+
 QStringList QtSerialPort::availableDevices()
 {
     QStringList devices;

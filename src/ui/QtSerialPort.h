@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QSerialPort>
 #include <QStringList>
+#include <memory>
 
 class PortMap;
 
@@ -40,6 +41,8 @@ public:
 
     // The serial devices the system reports, as paths ("/dev/ttyUSB0"), sorted.
     static QStringList availableDevices();
+    // A port of its own on `device` (as COM 1), for listening beside the program's port.
+    static std::shared_ptr<SerialPort> forDevice(const QString& device);
 
     // What the operator is told when COM `number` (on `device`) would not open. `reason` is the
     // system's own wording; `readable` tells whether this user may read the device at all.

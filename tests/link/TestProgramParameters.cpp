@@ -5,18 +5,27 @@
 #include "link/ProgramParametersController.h"
 #include "link/ProgramParametersModel.h"
 #include "link/TimingUtils.h"
+#include "support/FakePrompter.h"
 #include "support/FakeSerialPort.h"
 #include "support/FakeSystemInfo.h"
 
 #include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <map>
 
 namespace {
 // Everything the dialog's controller works on, wired as the program wires it.
 struct Rig {
     Rig()
-        : controller(state, model, port, info, ports, [this] { return available; })
+        : controller(
+            state, model, port, info, ports, [this] { return available; }, prompter,
+            [this](const QString& device) {
+                auto line = std::make_shared<FakeSerialPort>();
+                lines[device] = line;
+                return std::shared_ptr<SerialPort>(line);
+            })
     {
         state.ProgramDirectory = dir.path();
     }
@@ -27,6 +36,9 @@ struct Rig {
     FakeSystemInfo info;
     PortMap ports;
     QStringList available { QStringLiteral("/dev/ttyS0"), QStringLiteral("/dev/ttyUSB0") };
+    FakePrompter prompter;
+    // The ports the instrument search opened, by device.
+    std::map<QString, std::shared_ptr<FakeSerialPort>> lines;
     ProgramParametersController controller;
 
     QByteArray portFile() const
@@ -40,6 +52,52 @@ struct Rig {
 class TestProgramParameters : public QObject {
     Q_OBJECT
 private slots:
+    void search_data()
+    {
+        QTest::addColumn<QByteArray>("onUsb"); // what arrives on /dev/ttyUSB0 while listening
+        QTest::addColumn<bool>("portBusy"); // the program's own port is open
+        QTest::addColumn<int>("answer"); // to the offer: Yes or No
+        QTest::addColumn<QStringList>("titles");
+        QTest::addColumn<QString>("bound"); // COM 1's device afterwards
+        const QByteArray readings("    75   DEG F\x07    76   DEG F\x07    77   DEG F\x07");
+        QTest::newRow("found, bound") << readings << false << int(Prompter::Answer::Yes)
+                                      << QStringList { "INSTRUMENT FOUND" } << "/dev/ttyUSB0";
+        QTest::newRow("found, declined") << readings << false << int(Prompter::Answer::No)
+                                         << QStringList { "INSTRUMENT FOUND" } << "/dev/ttyS0";
+        QTest::newRow("nothing") << QByteArray("ATZ\x07") << false << int(Prompter::Answer::Yes)
+                                 << QStringList { "NO INSTRUMENT FOUND" } << "/dev/ttyS0";
+        QTest::newRow("receiving") << readings << true << int(Prompter::Answer::Yes)
+                                   << QStringList { "SEARCH FOR INSTRUMENT" } << "/dev/ttyS0";
+    }
+    void search()
+    {
+        QFETCH(QByteArray, onUsb);
+        QFETCH(bool, portBusy);
+        QFETCH(int, answer);
+        QFETCH(QStringList, titles);
+        QFETCH(QString, bound);
+        Rig rig;
+        rig.controller.Form_Load();
+        rig.port.opened = portBusy;
+        rig.prompter.answers.push_back(Prompter::Answer(answer));
+        QSignalSpy done(&rig.controller.search(), &InstrumentSearch::finished);
+        rig.controller.cmdSearchForIr_Click();
+        if (!portBusy) {
+            QVERIFY(!rig.model.cmdSearchForIr.enabled());
+            QCOMPARE(rig.model.cmdSearchForIr.caption(), QStringLiteral("LISTENING..."));
+            QCOMPARE(rig.lines.size(), size_t(2));
+            rig.lines["/dev/ttyUSB0"]->receive(onUsb);
+            QVERIFY(done.wait(InstrumentSearch::ListenMilliseconds + 2000));
+        }
+        QCOMPARE(rig.prompter.titles(), titles);
+        QCOMPARE(rig.ports.device(1), bound);
+        QVERIFY(rig.model.cmdSearchForIr.enabled());
+        QCOMPARE(rig.model.cmdSearchForIr.caption(), QStringLiteral("SEARCH FOR INSTRUMENT"));
+        QCOMPARE(rig.model.comDevice.caption(), bound);
+        if (bound == QLatin1String("/dev/ttyUSB0"))
+            QVERIFY(rig.portFile().startsWith("/dev/ttyUSB0\r\n"));
+    }
+
     void memoryText_data()
     {
         QTest::addColumn<quint64>("bytes");

@@ -5,11 +5,14 @@
 #include "link/PortMap.h"
 #include "link/ProgramParametersController.h"
 #include "link/ProgramParametersModel.h"
+#include "link/sim/SimulatedInstrument.h"
+#include "support/FakePrompter.h"
 #include "support/FakeSerialPort.h"
 #include "support/FakeSystemInfo.h"
 #include "ui/IRSystemWidget.h"
 #include "ui/LinuxSystemInfo.h"
 #include "ui/ProgramParametersDialog.h"
+#include "ui/QtSerialPort.h"
 #include "ui/SystemStatusWindow.h"
 
 #include <QComboBox>
@@ -17,16 +20,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 struct DialogRig {
     DialogRig()
-        : controller(state, model, port, info, ports,
-            [] {
-                return QStringList { QStringLiteral("/dev/ttyS0"), QStringLiteral("/dev/ttyUSB0") };
-            })
+        : controller(
+            state, model, port, info, ports, [this] { return devices; }, prompter,
+            &QtSerialPort::forDevice)
         , dialog(model, controller)
     {
         state.ProgramDirectory = dir.path();
@@ -38,6 +41,8 @@ struct DialogRig {
     FakeSerialPort port;
     FakeSystemInfo info;
     PortMap ports;
+    QStringList devices { QStringLiteral("/dev/ttyS0"), QStringLiteral("/dev/ttyUSB0") };
+    FakePrompter prompter;
     ProgramParametersController controller;
     ProgramParametersDialog dialog;
 
@@ -247,6 +252,47 @@ private slots:
         QFETCH(QString, architecture);
         QFETCH(int, type);
         QCOMPARE(LinuxSystemInfo::processorTypeFor(architecture), type);
+    }
+
+    void searchFindsTheInstrumentAmongTwoTerminals()
+    {
+        // Two serial lines: one carries only noise that never ends a record, the other the
+        // instrument's real-time readings.
+        SimulatedInstrument noisy;
+        SimulatedInstrument instrument;
+        QVERIFY(noisy.open());
+        QVERIFY(instrument.open());
+        noisy.setCharactersPerSecond(0);
+        instrument.setCharactersPerSecond(0);
+        instrument.setTimeScale(0.01);
+        DialogRig rig;
+        rig.devices = QStringList { noisy.devicePath(), instrument.devicePath() };
+        rig.dialog.show();
+        QSignalSpy done(&rig.controller.search(), &InstrumentSearch::finished);
+        rig.prompter.answers.push_back(Prompter::Answer::Yes);
+
+        auto* button = rig.find<QPushButton>("cmdSearchForIr");
+        QVERIFY(button);
+        QCOMPARE(button->text(), QStringLiteral("SEARCH FOR INSTRUMENT"));
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_VERIFY(!button->isEnabled());
+        // The simulators start once the search listens, as an instrument already sending would.
+        SimulatorOptions noise;
+        noise.fault = SimulatorOptions::Fault::NoiseWithoutBel;
+        noisy.start(noise);
+        SimulatorOptions readings;
+        readings.intervalSeconds = 1;
+        instrument.start(readings);
+
+        QVERIFY(done.wait(InstrumentSearch::ListenMilliseconds + 3000));
+        QCOMPARE(rig.controller.search().bestDevice(), instrument.devicePath());
+        QCOMPARE(rig.prompter.titles(), QStringList { "INSTRUMENT FOUND" });
+        QVERIFY(rig.prompter.messages().front().text.contains(instrument.devicePath()));
+        QCOMPARE(rig.ports.device(1), instrument.devicePath());
+        auto* device = rig.find<QComboBox>("comDevice");
+        QVERIFY(device);
+        QTRY_COMPARE(device->currentText(), instrument.devicePath());
+        QVERIFY(button->isEnabled());
     }
 };
 
