@@ -118,13 +118,13 @@ void TempBarWidget::paintEvent(QPaintEvent*)
     shade.setColorAt(1.0, fill.darker(170));
     p.setPen(Qt::NoPen);
     p.setBrush(shade);
-    const double bulbRadius = 150;
+    const double bulbRadius = 205;
     const QPointF bulb(
-        TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0, TempBar::BarBottom + bulbRadius);
+        TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0, TempBar::BarBottom + 80);
     p.drawEllipse(bulb, bulbRadius, bulbRadius);
     // The column joins the bulb, so the empty bar still shows a filled reservoir.
-    p.drawRect(QRectF(TempBar::IndicatorLeft + 60, TempBar::BarBottom - 10,
-        TempBar::IndicatorWidth - 120, bulbRadius));
+    p.drawRect(
+        QRectF(TempBar::IndicatorLeft, TempBar::BarBottom - 10, TempBar::IndicatorWidth, 100));
     if (bar.indicatorHeight() > 0)
         p.drawRect(QRectF(TempBar::IndicatorLeft, bar.indicatorTop(), TempBar::IndicatorWidth,
             bar.indicatorHeight()));
