@@ -146,6 +146,21 @@ private slots:
         QVERIFY(!r.app.bar.blinking());
     }
 
+    void stopClearsTheOpenBar()
+    {
+        Rig r;
+        r.app.tempBarWindow.mnuViewTempBar_Click();
+        r.rig.startSensing();
+        r.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  -30\x07");
+        QVERIFY(r.app.bar.blinking());
+        QCOMPARE(r.app.bar.lblTempBar.caption(), QStringLiteral("TEMP. UNDER LIMIT"));
+        r.rig.feed("  290\x07");
+        QVERIFY(r.app.bar.indicatorHeight() > 0);
+        r.app.acquisition.mnuStop_Click();
+        QCOMPARE(r.app.bar.indicatorHeight(), 0);
+        QCOMPARE(r.app.bar.lblTempBar.caption(), QStringLiteral("TEMP. BAR - DEG F"));
+    }
+
     void closedBarHearsNothing()
     {
         Rig r;
