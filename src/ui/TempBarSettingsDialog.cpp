@@ -21,7 +21,11 @@ TempBarSettingsDialog::TempBarSettingsDialog(
     ui_->Label8->setFont(heading);
 
     binder_ = new ModelBinder(model_, *this);
-    binder_->onClicked(QStringLiteral("cmdAccept"), [this] { controller_.cmdAccept_Click(); });
+    // Rendered at once, so a failed check's focus is back in its box before anything else.
+    binder_->onClicked(QStringLiteral("cmdAccept"), [this] {
+        controller_.cmdAccept_Click();
+        render();
+    });
     binder_->onClicked(QStringLiteral("cmdCancel"), [this] { controller_.cmdCancel_Click(); });
     connect(ui_->chkEnableAlarms, &QCheckBox::clicked, this, [this](bool on) {
         model_.chkEnableAlarms.setChecked(on);

@@ -86,6 +86,47 @@ private slots:
         QCOMPARE(f.rig.app().bar.indicatorTop(), 4140 - 3420);
     }
 
+    void menuClosesTheWindowAgain()
+    {
+        Fixture f;
+        f.trigger(f.window, "mnuViewTempBar");
+        QVERIFY(f.barWindow()->isVisible());
+        f.trigger(f.window, "mnuViewTempBar");
+        QVERIFY(!f.barWindow()->isVisible());
+        QVERIFY(!f.rig.app().state.TempBarVisible);
+        QVERIFY(!f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+    }
+
+    void failedCheckPutsTheFocusBack()
+    {
+        Fixture f;
+        f.trigger(f.window, "mnuViewTempBar");
+        QString focused;
+        bool stillOpen = false;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<TempBarSettingsDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            auto* low = dialog->findChild<QLineEdit*>("txtLowLimit");
+            low->setText(QStringLiteral("cold"));
+            emit low->textEdited(low->text());
+            dialog->findChild<QPushButton*>("cmdAccept")->click();
+            focused = dialog->focusWidget() ? dialog->focusWidget()->objectName() : QString();
+            stillOpen = dialog->isVisible();
+            dialog->findChild<QPushButton*>("cmdCancel")->click();
+        });
+        QTimer::singleShot(2000, [] {
+            if (QWidget* modal = QApplication::activeModalWidget())
+                modal->close();
+        });
+        f.trigger(*f.barWindow(), "mnuConfigure");
+        QCOMPARE(f.rig.prompter.titles(), QStringList({ "HIGH ALARM LIMIT ERROR" }));
+        QCOMPARE(focused, QStringLiteral("txtLowLimit"));
+        QVERIFY(stillOpen);
+        QCOMPARE(f.rig.app().bar.GetLowLimit(), qint16(25));
+        QCOMPARE(f.rig.app().state.SettingsValues[14], QStringLiteral("25"));
+    }
+
     void paintsAtAnySize_data()
     {
         QTest::addColumn<QSize>("size");
