@@ -50,22 +50,6 @@ class TestTempBarSettings : public QObject {
     };
 
 private slots:
-    void captions()
-    {
-        TempBarSettingsModel m;
-        QCOMPARE(m.frmTempBarSettings.caption(), QStringLiteral("TEMPERATURE BAR SETTINGS"));
-        QCOMPARE(m.Label8.caption(), QStringLiteral("TEMPERATURE BAR GRAPH SETTINGS"));
-        QCOMPARE(m.Label9.caption(),
-            QStringLiteral("**These Settings Are For The Temperature Bar Graph Only,"));
-        QCOMPARE(m.Label10.caption(), QStringLiteral("**They Do Not Control The IR-System."));
-        QCOMPARE(m.Frame1.caption(), QStringLiteral("RANGE SETTINGS"));
-        QCOMPARE(m.Frame2.caption(), QStringLiteral("ALARM SETTINGS"));
-        QCOMPARE(m.chkEnableAlarms.caption(), QStringLiteral("ENABLE VISIBLE INDICATORS"));
-        QCOMPARE(m.chkAudibleAlarms.caption(), QStringLiteral("ENABLE AUDIBLE ALARMS"));
-        QCOMPARE(m.cmdAccept.caption(), QStringLiteral("&OK"));
-        QCOMPARE(m.cmdCancel.caption(), QStringLiteral("&CANCEL"));
-    }
-
     void loadFillsFromTheBarAndTheSettings_data()
     {
         QTest::addColumn<QString>("entry15");
@@ -444,20 +428,6 @@ private slots:
         QCOMPARE(r.barValues(), QList<int>({ 90, 10, 80, 20 }));
         QCOMPARE(r.limitLineUpdates, 1);
         QCOMPARE(r.entries(), QStringList({ "90", "10", "80", "20", "1" }));
-    }
-
-    void closeWithoutLoadWritesNothing()
-    {
-        AppState state;
-        TempBar bar;
-        TempBarSettingsModel model;
-        FakePrompter prompter;
-        TempBarSettingsController dialog(state, bar, model, prompter, {});
-        dialog.Form_Unload();
-        QVERIFY(state.SettingsValues[11].isEmpty());
-        dialog.Form_Load();
-        dialog.Form_Unload();
-        QCOMPARE(state.SettingsValues[11], QStringLiteral("100"));
     }
 };
 
