@@ -20,7 +20,12 @@ Application::Application(Platform platform_, QObject* parent)
     , programParameters(state, programParametersModel, platform.port, platform.systemInfo,
           platform.portMap, platform.listSerialDevices, prompter, platform.openForSearch)
     , help(state, platform.launcher, prompter)
+    , tempBarWindow(state, main, bar)
+    , tempBarSettings(state, bar, tempBarSettingsModel, prompter, [] {
+        // wired to the chart's limit lines
+    })
 {
+    settings.ApplyTempBarSettings = [this] { tempBarWindow.applySettings(); };
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);
 
@@ -88,7 +93,7 @@ void Application::statusScanForIrSystem() { irSystem.ScanForIrSystem(); }
 
 void Application::statusSetToIdle() { irSystem.SetToIdle(); }
 
-TempBarDisplay* Application::tempBar() { return host_ ? host_->tempBar() : nullptr; }
+TempBarDisplay* Application::tempBar() { return tempBarWindow.display(); }
 
 void Application::setChartSettingsInputsEnabled(bool enabled)
 {

@@ -17,6 +17,11 @@
 #include "link/StoredPointsModel.h"
 #include "store/DataPointStore.h"
 #include "store/HelpServices.h"
+#include "tempbar/TempBar.h"
+#include "tempbar/TempBarSettingsController.h"
+#include "tempbar/TempBarSettingsModel.h"
+#include "tempbar/TempBarWindowController.h"
+#include "tempbar/TempBarWindowModel.h"
 
 #include <QObject>
 #include <QStringList>
@@ -73,6 +78,13 @@ public:
     ProgramParametersModel programParametersModel;
     ProgramParametersController programParameters;
     HelpServices help;
+
+    // The temperature bar, its window and its settings dialog.
+    TempBar bar;
+    TempBarWindowModel tempBarWindowModel;
+    TempBarWindowController tempBarWindow;
+    TempBarSettingsModel tempBarSettingsModel;
+    TempBarSettingsController tempBarSettings;
 
 signals:
     // The port was opened for real-time sensing (true) or a download (false), or closed.

@@ -116,6 +116,8 @@ void SettingsFileIO::ApplySettings()
         v[21] = QStringLiteral("0");
     main_.mnuAutoCompressed.setChecked(v[9] == QLatin1String("1"));
     main_.mnuRealTimeGraphOn.setChecked(v[10] == QLatin1String("1"));
+    if (ApplyTempBarSettings)
+        ApplyTempBarSettings();
 
     // The time unit: a value that does not fit 16 bits ends the apply here, as a conversion
     // error would.

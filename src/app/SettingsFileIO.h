@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 struct AppState;
 class ChartSurface;
@@ -23,6 +24,9 @@ public:
     // unreadable user file falls back to the factory settings, so the first start looks right.
     bool LoadSettings(bool useDefaults);
     void ApplySettings();
+
+    // Applies the temperature bar's entries, 11 to 15; set by the application.
+    std::function<void()> ApplyTempBarSettings;
 
 private:
     bool readInto(const QString& path);

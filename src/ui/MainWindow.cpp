@@ -5,6 +5,7 @@
 #include "ProgramParametersDialog.h"
 #include "StoredPointsWindow.h"
 #include "SystemStatusWindow.h"
+#include "TempBarWindowHost.h"
 #include "app/Application.h"
 #include "ui_MainWindow.h"
 
@@ -28,6 +29,7 @@ MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
     }
     styleReadout();
     binder_ = new ModelBinder(app_.main, *this);
+    tempBarWindows_ = new TempBarWindowHost(app_, this);
     bindCommands();
     app_.setWindowHost(this);
 }
@@ -72,6 +74,7 @@ void MainWindow::bindCommands()
     on("mnuCreateSettingsFile", [&a] { a.controller.mnuCreateSettingsFile_Click(); });
     on("mnuExit", [&a] { a.controller.Shutdown(); });
     on("mnuViewSystemStatus", [this] { mnuViewSystemStatus_Click(); });
+    on("mnuViewTempBar", [&a] { a.tempBarWindow.mnuViewTempBar_Click(); });
     on("mnuSystemSetup", [this] { mnuSystemSetup_Click(); });
     on("mnuOnlineManual", [&a] { a.help.OpenOnlineManual(); });
     on("mnuAbout", [this] { mnuAbout_Click(); });

@@ -11,6 +11,7 @@
 class Application;
 class ModelBinder;
 class ProgramParametersDialog;
+class TempBarWindowHost;
 namespace Ui {
 class frmMain;
 }
@@ -25,6 +26,7 @@ public:
 
     StoredPointsWindow* storedPointsWindow() const { return storedPoints_; }
     SystemStatusWindow* systemStatusWindow() const { return systemStatus_; }
+    TempBarWindowHost* tempBarWindows() const { return tempBarWindows_; }
 
     // AcquisitionWindows
     void showStoredPointsWindow() override;
@@ -53,4 +55,5 @@ private:
     ModelBinder* binder_ = nullptr;
     QPointer<StoredPointsWindow> storedPoints_;
     QPointer<SystemStatusWindow> systemStatus_;
+    TempBarWindowHost* tempBarWindows_ = nullptr;
 };

@@ -1,0 +1,110 @@
+#include "TempBarSettingsDialog.h"
+
+#include "ModelBinder.h"
+#include "tempbar/TempBarSettingsController.h"
+#include "tempbar/TempBarSettingsModel.h"
+#include "ui_TempBarSettingsDialog.h"
+
+#include <QShowEvent>
+
+TempBarSettingsDialog::TempBarSettingsDialog(
+    TempBarSettingsModel& model, TempBarSettingsController& controller, QWidget* parent)
+    : QDialog(parent)
+    , ui_(std::make_unique<Ui::frmTempBarSettings>())
+    , model_(model)
+    , controller_(controller)
+{
+    ui_->setupUi(this);
+    QFont heading = ui_->Label8->font();
+    heading.setBold(true);
+    heading.setPointSizeF(heading.pointSizeF() * 1.2);
+    ui_->Label8->setFont(heading);
+
+    binder_ = new ModelBinder(model_, *this);
+    // Rendered at once, so a failed check's focus is back in its box before anything else.
+    binder_->onClicked(QStringLiteral("cmdAccept"), [this] {
+        controller_.cmdAccept_Click();
+        render();
+    });
+    binder_->onClicked(QStringLiteral("cmdCancel"), [this] { controller_.cmdCancel_Click(); });
+    connect(ui_->chkEnableAlarms, &QCheckBox::clicked, this, [this](bool on) {
+        model_.chkEnableAlarms.setChecked(on);
+        controller_.chkEnableAlarms_Click();
+        render();
+    });
+    connect(ui_->chkAudibleAlarms, &QCheckBox::clicked, this, [this](bool on) {
+        model_.chkAudibleAlarms.setChecked(on);
+        controller_.chkAudibleAlarms_Click();
+        render();
+    });
+
+    struct Box {
+        QLineEdit* edit;
+        Control& control;
+        void (TempBarSettingsController::*keyPress)(int);
+    };
+    const Box boxes[] = {
+        { ui_->txtMaxTemp, model_.txtMaxTemp, &TempBarSettingsController::txtMaxTemp_KeyPress },
+        { ui_->txtMinTemp, model_.txtMinTemp, &TempBarSettingsController::txtMinTemp_KeyPress },
+        { ui_->txtHighLimit, model_.txtHighLimit,
+            &TempBarSettingsController::txtHighLimit_KeyPress },
+        { ui_->txtLowLimit, model_.txtLowLimit, &TempBarSettingsController::txtLowLimit_KeyPress },
+    };
+    for (const Box& box : boxes) {
+        Control* control = &box.control;
+        connect(box.edit, &QLineEdit::textEdited, this,
+            [control](const QString& text) { control->setCaption(text); });
+        const auto keyPress = box.keyPress;
+        connect(box.edit, &QLineEdit::returnPressed, this, [this, keyPress] {
+            (controller_.*keyPress)(TempBarSettingsController::KeyEnter);
+            render();
+        });
+    }
+    connect(&controller_, &TempBarSettingsController::closeRequested, this,
+        [this] { QDialog::done(QDialog::Accepted); });
+    connect(&model_, &ViewModel::changed, this, &TempBarSettingsDialog::render);
+}
+
+TempBarSettingsDialog::~TempBarSettingsDialog() = default;
+
+void TempBarSettingsDialog::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous())
+        controller_.Form_Load();
+    render();
+    QDialog::showEvent(event);
+}
+
+void TempBarSettingsDialog::reject()
+{
+    // Escape or the title bar: the same write-back as every other close.
+    controller_.Form_Unload();
+    QDialog::reject();
+}
+
+void TempBarSettingsDialog::render()
+{
+    binder_->render();
+    for (QGroupBox* frame : { ui_->Frame1, ui_->Frame2, ui_->Frame3 })
+        frame->setTitle(model_.control(frame->objectName())->caption());
+    ui_->chkEnableAlarms->setChecked(model_.chkEnableAlarms.checked());
+    ui_->chkAudibleAlarms->setChecked(model_.chkAudibleAlarms.checked());
+    const std::pair<QLineEdit*, const Control*> boxes[] = {
+        { ui_->txtMaxTemp, &model_.txtMaxTemp },
+        { ui_->txtMinTemp, &model_.txtMinTemp },
+        { ui_->txtHighLimit, &model_.txtHighLimit },
+        { ui_->txtLowLimit, &model_.txtLowLimit },
+    };
+    for (const auto& [edit, control] : boxes) {
+        if (edit->text() != control->caption())
+            edit->setText(control->caption());
+    }
+    if (model_.focusRequests() != focusRequestsShown_) {
+        focusRequestsShown_ = model_.focusRequests();
+        if (auto* target = findChild<QWidget*>(model_.focus())) {
+            target->setFocus(Qt::OtherFocusReason);
+            if (auto* edit = qobject_cast<QLineEdit*>(target))
+                edit->selectAll();
+        }
+    }
+}

@@ -1,0 +1,197 @@
+#include "support/AppRig.h"
+#include "support/TestRegistry.h"
+
+#include "ui/MainWindow.h"
+#include "ui/TempBarSettingsDialog.h"
+#include "ui/TempBarWidget.h"
+#include "ui/TempBarWindow.h"
+#include "ui/TempBarWindowHost.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+// The bar window opened from the main window's menu, fed through the receive handler, and
+// read back from what it paints.
+class TestTempBarWindowGui : public QObject {
+    Q_OBJECT
+
+    struct Fixture {
+        AppRig rig;
+        MainWindow window { rig.app(), nullptr };
+        Fixture()
+        {
+            rig.app().controller.Form_Load();
+            window.show();
+        }
+        void trigger(QWidget& root, const char* name)
+        {
+            auto* action = root.findChild<QAction*>(QString::fromLatin1(name));
+            QVERIFY2(action, name);
+            action->trigger();
+            QCoreApplication::processEvents();
+        }
+        TempBarWindow* barWindow() { return window.tempBarWindows()->window(); }
+    };
+
+    // The colour painted at a point given in the bar's twips.
+    static QColor paintedAt(TempBarWidget& widget, double x, double y)
+    {
+        const QImage image = widget.grab().toImage();
+        const QPointF p = widget.toPixels(QPointF(x, y)) * image.devicePixelRatio();
+        return image.pixelColor(p.toPoint());
+    }
+    static bool near(const QColor& a, const QColor& b)
+    {
+        return std::abs(a.red() - b.red()) < 60 && std::abs(a.green() - b.green()) < 60
+            && std::abs(a.blue() - b.blue()) < 60;
+    }
+
+private slots:
+    void menuOpensTheWindowAndReadingsMoveTheBar()
+    {
+        Fixture f;
+        f.trigger(f.window, "mnuViewTempBar");
+        TempBarWindow* bar = f.barWindow();
+        QVERIFY(bar && bar->isVisible());
+        QCOMPARE(bar->windowTitle(), QStringLiteral("TEMP BAR"));
+        QCOMPARE(bar->findChild<QAction*>("mnuConfigure")->text(), QStringLiteral("&CONFIGURE"));
+        TempBarWidget* widget = bar->barWidget();
+        QCOMPARE(widget->objectName(), QStringLiteral("TempBar1"));
+        QVERIFY(f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+
+        f.trigger(f.window, "mnuSenseTemperature");
+        f.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
+        QCoreApplication::processEvents();
+        const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
+        // 50 of 0..100: green up to the middle, the dark tube above it
+        QVERIFY(near(paintedAt(*widget, column, 3000), QColor(Qt::green)));
+        QVERIFY(near(paintedAt(*widget, column, 1500), QColor(Qt::black)));
+
+        f.rig.feed("  95\x07");
+        QCoreApplication::processEvents();
+        QVERIFY(near(paintedAt(*widget, column, 1500), QColor(Qt::red)));
+
+        // Closing by the title bar unticks the menu and stops the feed.
+        bar->close();
+        QCoreApplication::processEvents();
+        QVERIFY(!f.rig.app().state.TempBarVisible);
+        QVERIFY(!f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+        f.rig.feed("  20\x07");
+        QCOMPARE(f.rig.app().bar.indicatorTop(), 4140 - 3420);
+    }
+
+    void menuClosesTheWindowAgain()
+    {
+        Fixture f;
+        f.trigger(f.window, "mnuViewTempBar");
+        QVERIFY(f.barWindow()->isVisible());
+        f.trigger(f.window, "mnuViewTempBar");
+        QVERIFY(!f.barWindow()->isVisible());
+        QVERIFY(!f.rig.app().state.TempBarVisible);
+        QVERIFY(!f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+    }
+
+    void failedCheckPutsTheFocusBack()
+    {
+        Fixture f;
+        f.trigger(f.window, "mnuViewTempBar");
+        QString focused;
+        bool stillOpen = false;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<TempBarSettingsDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            auto* low = dialog->findChild<QLineEdit*>("txtLowLimit");
+            low->setText(QStringLiteral("cold"));
+            emit low->textEdited(low->text());
+            dialog->findChild<QPushButton*>("cmdAccept")->click();
+            focused = dialog->focusWidget() ? dialog->focusWidget()->objectName() : QString();
+            stillOpen = dialog->isVisible();
+            dialog->findChild<QPushButton*>("cmdCancel")->click();
+        });
+        QTimer::singleShot(2000, [] {
+            if (QWidget* modal = QApplication::activeModalWidget())
+                modal->close();
+        });
+        f.trigger(*f.barWindow(), "mnuConfigure");
+        QCOMPARE(f.rig.prompter.titles(), QStringList({ "HIGH ALARM LIMIT ERROR" }));
+        QCOMPARE(focused, QStringLiteral("txtLowLimit"));
+        QVERIFY(stillOpen);
+        QCOMPARE(f.rig.app().bar.GetLowLimit(), qint16(25));
+        QCOMPARE(f.rig.app().state.SettingsValues[14], QStringLiteral("25"));
+    }
+
+    void paintsAtAnySize_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("small") << QSize(90, 200);
+        QTest::newRow("wide") << QSize(600, 300);
+        QTest::newRow("tall") << QSize(200, 900);
+    }
+
+    void paintsAtAnySize()
+    {
+        QFETCH(QSize, size);
+        TempBar model;
+        qint16 reading = 100;
+        model.SetTemp(reading);
+        TempBarWidget widget;
+        widget.setModel(&model);
+        widget.resize(size);
+        // The whole scale fits and keeps its proportions: a full bar reaches the top tick.
+        const QPointF top = widget.toPixels(QPointF(0, TempBar::BarBottom - TempBar::FullHeight));
+        const QPointF bottom = widget.toPixels(QPointF(0, TempBar::BarBottom));
+        const QPointF left = widget.toPixels(QPointF(TempBar::LabelLeft, 0));
+        const QPointF right
+            = widget.toPixels(QPointF(TempBar::MarkerLeft + TempBar::MarkerWidth, 0));
+        QVERIFY(top.y() >= 0 && bottom.y() <= size.height());
+        QVERIFY(left.x() >= 0 && right.x() <= size.width());
+        QCOMPARE(qRound((bottom.y() - top.y()) * 1000 / (right.x() - left.x())),
+            qRound(
+                3600.0 * 1000 / (TempBar::MarkerLeft + TempBar::MarkerWidth - TempBar::LabelLeft)));
+        const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
+        QVERIFY(near(paintedAt(widget, column, 600), QColor(Qt::red)));
+    }
+
+    void configureRunsTheModalDialog()
+    {
+        Fixture f;
+        f.trigger(f.window, "mnuViewTempBar");
+        TempBarWindow* bar = f.barWindow();
+        QStringList seen;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<TempBarSettingsDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            seen << dialog->windowTitle() << dialog->findChild<QGroupBox*>("Frame1")->title()
+                 << dialog->findChild<QLineEdit*>("txtMaxTemp")->text();
+            seen << (dialog->focusWidget() ? dialog->focusWidget()->objectName() : QString());
+            auto* max = dialog->findChild<QLineEdit*>("txtMaxTemp");
+            max->setText(QStringLiteral("250"));
+            emit max->textEdited(max->text());
+            dialog->findChild<QCheckBox*>("chkAudibleAlarms")->click();
+            // Enter in the box accepts.
+            QTest::keyClick(max, Qt::Key_Return);
+        });
+        QTimer::singleShot(2000, [] {
+            if (QWidget* modal = QApplication::activeModalWidget())
+                modal->close();
+        });
+        f.trigger(*bar, "mnuConfigure");
+        QCOMPARE(seen,
+            QStringList({ "TEMPERATURE BAR SETTINGS", "RANGE SETTINGS", "100", "txtMaxTemp" }));
+        QCOMPARE(f.rig.app().bar.GetMaxTemp(), qint16(250));
+        QCOMPARE(f.rig.app().state.SettingsValues[11], QStringLiteral("250"));
+        QCOMPARE(f.rig.app().state.SettingsValues[22], QStringLiteral("0"));
+        QVERIFY(f.rig.prompter.messages().empty());
+    }
+};
+
+TALAVEX_TEST(TestTempBarWindowGui)
+#include "TestTempBarWindowGui.moc"
