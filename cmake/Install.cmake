@@ -4,9 +4,9 @@ include(GNUInstallDirs)
 install(TARGETS talavex talavex-sim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 set(TALAVEX_DATA_DIR ${CMAKE_INSTALL_DATADIR}/talavex)
 install(FILES ${CMAKE_SOURCE_DIR}/resources/DefaultSettings.dat DESTINATION ${TALAVEX_DATA_DIR})
-if(EXISTS "${CMAKE_SOURCE_DIR}/docs/manual/Index.html")
-  install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/manual/ DESTINATION "${TALAVEX_DATA_DIR}/Web Manual")
-endif()
+# The manual's pages show the screenshots from the folder beside them.
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/manual/ DESTINATION "${TALAVEX_DATA_DIR}/Web Manual")
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/screenshots/ DESTINATION ${TALAVEX_DATA_DIR}/screenshots)
 install(FILES ${CMAKE_SOURCE_DIR}/resources/talavex.desktop
   DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${CMAKE_SOURCE_DIR}/resources/talavex.svg

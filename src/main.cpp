@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QSerialPortInfo>
 #include <QSocketNotifier>
@@ -113,10 +114,14 @@ int main(int argc, char** argv)
     platform.openForSearch = &QtSerialPort::forDevice;
     Application app(platform);
     app.state.ProgramDirectory = programDirectory;
-    // The manual installed with the program, for a program directory that has none.
-    app.help.setInstalledManual(
-        QDir(QApplication::applicationDirPath())
-            .filePath(QStringLiteral("../share/talavex/Web Manual/Index.html")));
+    // The manual installed with the program, for a program directory that has none; run from
+    // the build tree, the source tree's.
+    const QString installedManual
+        = QDir(QApplication::applicationDirPath())
+              .filePath(QStringLiteral("../share/talavex/Web Manual/Index.html"));
+    app.help.setInstalledManual(QFileInfo::exists(installedManual)
+            ? installedManual
+            : QStringLiteral(TALAVEX_SOURCE_MANUAL));
     QApplication::setWindowIcon(Logo::icon());
     MainWindow window(app, plot);
     QObject::connect(&app.controller, &MainController::quitRequested, &qapp, &QApplication::quit,

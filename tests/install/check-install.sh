@@ -14,9 +14,11 @@ for f in bin/talavex bin/talavex-sim share/talavex/DefaultSettings.dat \
   [ -e "$work/usr/$f" ] || fail "$f is not installed"
 done
 [ -x "$work/usr/bin/talavex" ] || fail "talavex is not executable"
-if [ -e "$(dirname "$0")/../../docs/manual/Index.html" ]; then
-  [ -e "$work/usr/share/talavex/Web Manual/Index.html" ] || fail "the manual is not installed"
-fi
+[ -e "$work/usr/share/talavex/Web Manual/Index.html" ] || fail "the manual is not installed"
+# The manual's pictures resolve in the installed tree as they do in the source tree.
+for img in $(grep -ho 'src="[^"]*"' "$work/usr/share/talavex/Web Manual/"*.html | sed 's/src="//; s/"$//' | sort -u); do
+  [ -e "$work/usr/share/talavex/Web Manual/$img" ] || fail "the installed manual misses $img"
+done
 desktop-file-validate "$work/usr/share/applications/talavex.desktop" || fail "the desktop entry is not valid"
 grep -q '^Exec=talavex --home$' "$work/usr/share/applications/talavex.desktop" \
   || fail "the desktop entry does not start talavex with its own folder"
