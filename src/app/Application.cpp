@@ -25,7 +25,7 @@ Application::Application(Platform platform_, QObject* parent)
         // wired to the chart's limit lines
     })
 {
-    settings.ApplyTempBarSettings = [this] { tempBarWindow.applySettings(); };
+    settings.steps.applyTempBar = [this](SettingsFile::Values&) { tempBarWindow.applySettings(); };
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);
 

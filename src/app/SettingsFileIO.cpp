@@ -4,7 +4,6 @@
 #include "base/MainWindowModel.h"
 #include "base/Numbers.h"
 #include "chart/ChartSurface.h"
-#include "store/SettingsFile.h"
 
 #include <QFile>
 
@@ -17,6 +16,7 @@ const char* const TimeUnitTitles[] = { "SECONDS", "MINUTES", "HOURS", "DAYS" };
 const QString BuiltInDefaults = QStringLiteral(":/talavex/DefaultSettings.dat");
 
 QString flag(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); }
+bool isOn(const QString& entry) { return entry == QLatin1String("1"); }
 } // namespace
 
 SettingsFileIO::SettingsFileIO(AppState& state, MainWindowModel& main, ChartSurface& chart)
@@ -24,35 +24,30 @@ SettingsFileIO::SettingsFileIO(AppState& state, MainWindowModel& main, ChartSurf
     , main_(main)
     , chart_(chart)
 {
+    steps.applyChartAxes = [this](SettingsFile::Values& v) { applyChartAxes(v); };
+    steps.applyChartFlags = [this](SettingsFile::Values& v) { applyChartFlags(v); };
+    steps.applyTimeUnit = [this](SettingsFile::Values& v) { return applyTimeUnit(v); };
+    steps.gatherChart = [this](SettingsFile::Values& v) { gatherChart(v); };
 }
+
+// ---- The order and the program's own entries ----
 
 void SettingsFileIO::GatherSettings()
 {
     auto& v = state_.SettingsValues;
-    using Axis = ChartSurface::Axis;
-    v[0] = Numbers::NumberText(chart_.axisMax(Axis::Y));
-    v[1] = Numbers::NumberText(chart_.axisMin(Axis::Y));
-    v[2] = Numbers::NumberText(chart_.axisMax(Axis::X));
-    v[3] = Numbers::NumberText(chart_.axisMin(Axis::X));
-    v[6] = chart_.axisTitle(Axis::Y);
-    v[7] = chart_.axisTitle(Axis::X);
+    if (steps.gatherChart)
+        steps.gatherChart(v);
+    if (steps.gatherTempBar)
+        steps.gatherTempBar(v);
+    // A saved axis is never empty.
     if (v[0] == v[1])
         v[0] = Numbers::NumberText(Numbers::Val(v[0]) + 100);
     if (v[3] == v[2])
         v[2] = Numbers::NumberText(Numbers::Val(v[2]) + 100);
-    // Entry 22 belongs to the audible-alarms box of the bar settings, which writes it itself.
-    v[8] = flag(main_.mnuAutoScaleYAxis.checked());
-    v[21] = flag(main_.mnuDispLimits.checked());
-    v[17] = flag(main_.mnuAutoScaleYAxis.checked());
+    // The audible-alarms box shows entry 22 checked only for "1" and writes "1" or "0" into it.
+    v[22] = flag(isOn(v[22]));
     v[9] = flag(main_.mnuAutoCompressed.checked());
     v[10] = flag(main_.mnuRealTimeGraphOn.checked());
-    if (main_.mnuPlainChart.checked())
-        v[18] = QStringLiteral("1");
-    else if (main_.mnuScopeChart.checked())
-        v[18] = QStringLiteral("2");
-    else if (main_.mnuStandardChart.checked())
-        v[18] = QStringLiteral("0");
-    v[16] = QString::number(state_.TimeUnitIndex);
     v[19] = QString::number(state_.CommPortNumber);
     v[20] = QStringLiteral("300");
 }
@@ -89,6 +84,57 @@ bool SettingsFileIO::LoadSettings(bool useDefaults)
 void SettingsFileIO::ApplySettings()
 {
     auto& v = state_.SettingsValues;
+    // 1, 2: axis bounds, Y title, appearance
+    if (steps.applyChartAxes)
+        steps.applyChartAxes(v);
+    // 3: entry 22 is read by the audible-alarms box and the beep timer where they stand.
+    // 4: the two chart flags; anything but "1" is off and is kept as "0"
+    if (steps.applyChartFlags)
+        steps.applyChartFlags(v);
+    for (int i : { 8, 21 }) {
+        if (!isOn(v[i]))
+            v[i] = QStringLiteral("0");
+    }
+    // 5: the plotting mode
+    main_.mnuAutoCompressed.setChecked(isOn(v[9]));
+    main_.mnuRealTimeGraphOn.setChecked(isOn(v[10]));
+    // 6, 7: the temperature bar
+    if (steps.applyTempBar)
+        steps.applyTempBar(v);
+    // 8: the time unit
+    if (steps.applyTimeUnit && !steps.applyTimeUnit(v))
+        return;
+    // 9: the port number last, converted strictly: a non-numeric entry ends the apply here and
+    // leaves the port unchanged.
+    if (const auto port = Numbers::TextToInt16(v[19]))
+        state_.CommPortNumber = *port;
+}
+
+// ---- The chart's entries ----
+
+void SettingsFileIO::gatherChart(SettingsFile::Values& v)
+{
+    using Axis = ChartSurface::Axis;
+    v[0] = Numbers::NumberText(chart_.axisMax(Axis::Y));
+    v[1] = Numbers::NumberText(chart_.axisMin(Axis::Y));
+    v[2] = Numbers::NumberText(chart_.axisMax(Axis::X));
+    v[3] = Numbers::NumberText(chart_.axisMin(Axis::X));
+    v[6] = chart_.axisTitle(Axis::Y);
+    v[7] = chart_.axisTitle(Axis::X);
+    v[8] = flag(main_.mnuAutoScaleYAxis.checked());
+    v[21] = flag(main_.mnuDispLimits.checked());
+    v[17] = flag(main_.mnuAutoScaleYAxis.checked());
+    if (main_.mnuPlainChart.checked())
+        v[18] = QStringLiteral("1");
+    else if (main_.mnuScopeChart.checked())
+        v[18] = QStringLiteral("2");
+    else if (main_.mnuStandardChart.checked())
+        v[18] = QStringLiteral("0");
+    v[16] = QString::number(state_.TimeUnitIndex);
+}
+
+void SettingsFileIO::applyChartAxes(SettingsFile::Values& v)
+{
     using Axis = ChartSurface::Axis;
     {
         ChartBatch batch(chart_);
@@ -106,29 +152,22 @@ void SettingsFileIO::ApplySettings()
         main_.mnuPlainChart.setChecked(v[18] == QLatin1String("1"));
         main_.mnuScopeChart.setChecked(v[18] == QLatin1String("2"));
     }
-    const bool autoRange = v[8] == QLatin1String("1");
-    main_.mnuAutoScaleYAxis.setChecked(autoRange);
-    if (!autoRange)
-        v[8] = QStringLiteral("0");
-    const bool limits = v[21] == QLatin1String("1");
-    main_.mnuDispLimits.setChecked(limits);
-    if (!limits)
-        v[21] = QStringLiteral("0");
-    main_.mnuAutoCompressed.setChecked(v[9] == QLatin1String("1"));
-    main_.mnuRealTimeGraphOn.setChecked(v[10] == QLatin1String("1"));
-    if (ApplyTempBarSettings)
-        ApplyTempBarSettings();
+}
 
-    // The time unit: a value that does not fit 16 bits ends the apply here, as a conversion
-    // error would.
+void SettingsFileIO::applyChartFlags(SettingsFile::Values& v)
+{
+    main_.mnuAutoScaleYAxis.setChecked(isOn(v[8]));
+    main_.mnuDispLimits.setChecked(isOn(v[21]));
+}
+
+bool SettingsFileIO::applyTimeUnit(SettingsFile::Values& v)
+{
+    // A value that does not fit 16 bits ends the apply here, as a conversion error would.
     const auto unit = Numbers::ToInt16(Numbers::Val(v[16]));
     if (!unit)
-        return;
+        return false;
     state_.TimeUnitIndex = *unit;
     if (*unit >= 0 && *unit <= 3)
-        chart_.setAxisTitle(Axis::X, QString::fromLatin1(TimeUnitTitles[*unit]));
-
-    // The port number last, converted strictly: a non-numeric entry leaves the port unchanged.
-    if (const auto port = Numbers::TextToInt16(v[19]))
-        state_.CommPortNumber = *port;
+        chart_.setAxisTitle(ChartSurface::Axis::X, QString::fromLatin1(TimeUnitTitles[*unit]));
+    return true;
 }

@@ -1,14 +1,34 @@
 #pragma once
 
+#include "store/SettingsFile.h"
+
 #include <QString>
 #include <functional>
 
 struct AppState;
 class ChartSurface;
 class MainWindowModel;
-class SerialPort;
 
-// Moves the 23 settings entries between the live program and "Settings.dat".
+// Where the chart and the temperature bar apply and gather their own entries. Each step sees the
+// live entries and may rewrite its own; a step left empty is skipped.
+struct SettingsSteps {
+    using Step = std::function<void(SettingsFile::Values&)>;
+
+    // Apply, run in this order between the program's own entries:
+    Step applyChartAxes; // 0 to 3 (axis bounds), 6 (Y title), 18 (appearance)
+    Step applyChartFlags; // 8 (auto-range) and 21 (limit lines)
+    Step applyTempBar; // 11 to 14, and 15 while the bar's window is shown
+    // 16 (time unit and X title); false ends the apply there, as a conversion error would.
+    std::function<bool(SettingsFile::Values&)> applyTimeUnit;
+
+    // Gather:
+    Step gatherChart; // 0 to 3, 6 to 8, 16 to 18, 21
+    Step gatherTempBar; // 11 to 15
+};
+
+// Moves the 23 settings entries between the live program and "Settings.dat". The program's own
+// entries are 4 and 5 (never applied), 9 and 10 (plotting mode), 19 (port), 20 (always "300")
+// and 22 (audible alarms); the chart and the bar plug theirs in through `steps`.
 class SettingsFileIO {
 public:
     static constexpr const char* FileName = "Settings.dat";
@@ -18,18 +38,24 @@ public:
 
     // Refreshes the entries the live state owns.
     void GatherSettings();
-    // Gathers, then writes all 23 entries; false when the file could not be written.
+    // Gathers, then writes all 23 entries at once; false when the file could not be written
+    // (the previous file is then left whole).
     bool SaveSettings();
     // Reads "Settings.dat" (or the factory file when useDefaults) and applies it. A missing or
-    // unreadable user file falls back to the factory settings, so the first start looks right.
+    // unreadable user file falls back to the factory settings beside the program, then to the
+    // copy built into it, so the first start looks right.
     bool LoadSettings(bool useDefaults);
     void ApplySettings();
 
-    // Applies the temperature bar's entries, 11 to 15; set by the application.
-    std::function<void()> ApplyTempBarSettings;
+    // Installed with the chart's present rules; the chart and the bar may replace their steps.
+    SettingsSteps steps;
 
 private:
     bool readInto(const QString& path);
+    void applyChartAxes(SettingsFile::Values& v);
+    void applyChartFlags(SettingsFile::Values& v);
+    bool applyTimeUnit(SettingsFile::Values& v);
+    void gatherChart(SettingsFile::Values& v);
 
     AppState& state_;
     MainWindowModel& main_;
