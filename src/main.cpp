@@ -13,6 +13,7 @@
 #include "ui/QtPrompter.h"
 #include "ui/QtSerialPort.h"
 #include "ui/SplashWindow.h"
+#include "xlsx/XlsxWorkbookWriter.h"
 
 #include <QApplication>
 #include <QDir>
@@ -112,6 +113,8 @@ int main(int argc, char** argv)
     Platform platform { prompter, clock, beeper, launcher, systemInfo, port, surface, portMap };
     platform.listSerialDevices = serialDevices;
     platform.openForSearch = &QtSerialPort::forDevice;
+    XlsxWorkbookWriter workbook;
+    platform.workbook = &workbook;
     Application app(platform);
     app.state.ProgramDirectory = programDirectory;
     // The manual installed with the program, for a program directory that has none; run from

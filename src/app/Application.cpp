@@ -21,13 +21,19 @@ Application::Application(Platform platform_, QObject* parent)
           platform.portMap, platform.listSerialDevices, prompter, platform.openForSearch)
     , help(state, platform.launcher, prompter)
     , tempBarWindow(state, main, bar)
-    , tempBarSettings(state, bar, tempBarSettingsModel, prompter, [] {
-        // wired to the chart's limit lines
-    })
+    , tempBarSettings(state, bar, tempBarSettingsModel, prompter,
+          [] {
+              // wired to the chart's limit lines
+          })
+    , textExport(state, main, store, platform.clock, prompter, storedPointsModel.lblAcquiredPoints)
+    , spreadsheet(state, main, store, platform.clock, prompter)
+    , files(state, store, prompter, platform.launcher, textExport, spreadsheet)
 {
     settings.steps.applyTempBar = [this](SettingsFile::Values&) { tempBarWindow.applySettings(); };
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);
+    storedPoints.setFileCommands(&textExport, &spreadsheet);
+    spreadsheet.setWriter(platform.workbook);
 
     platform.port.setReceiveCallback([this] {
         // What arrived before a loss is still handled: no reading already on the line is lost.

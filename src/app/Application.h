@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DataFilesController.h"
 #include "MainController.h"
 #include "SettingsFileIO.h"
 #include "base/AppState.h"
@@ -17,6 +18,8 @@
 #include "link/StoredPointsModel.h"
 #include "store/DataPointStore.h"
 #include "store/HelpServices.h"
+#include "store/SpreadsheetExport.h"
+#include "store/TextExport.h"
 #include "tempbar/TempBar.h"
 #include "tempbar/TempBarSettingsController.h"
 #include "tempbar/TempBarSettingsModel.h"
@@ -50,6 +53,8 @@ struct Platform {
     std::function<QStringList()> listSerialDevices = [] { return QStringList(); };
     // Opens a receive-only port on one device, for the instrument search.
     InstrumentSearch::PortFactory openForSearch = nullptr;
+    // Writes the spreadsheet workbooks; without one the export says it could not write.
+    WorkbookWriter* workbook = nullptr;
 };
 
 // Owns the shared state and every controller, and wires them together. The windows register
@@ -85,6 +90,10 @@ public:
     TempBarWindowController tempBarWindow;
     TempBarSettingsModel tempBarSettingsModel;
     TempBarSettingsController tempBarSettings;
+    // Data files: text export, spreadsheets, the text editor, the text stamp.
+    TextExport textExport;
+    SpreadsheetExport spreadsheet;
+    DataFilesController files;
 
 signals:
     // The port was opened for real-time sensing (true) or a download (false), or closed.

@@ -24,6 +24,9 @@ struct AppState {
     bool DownloadFromWindow = false;
     bool PlotSaved = false;
 
+    // The last text stamp entered, led by BEL; empty when there is none.
+    QString TextStamp;
+
     // Chart engine state shared with the settings and the graph settings panel.
     qint16 TimeUnitIndex = 0;
     double RunningYMax = 0.0;

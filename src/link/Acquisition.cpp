@@ -93,6 +93,10 @@ void Acquisition::mnuSenseTemperature_Click()
     }
     lastObtained_.open(state_.filePath(QString::fromLatin1(LastObtainedFile::FileName)));
     lastObtained_.writeLine(BuildFileHeader(state_, main_, clock_));
+    // The text stamp marks the run, on a line of its own after the header.
+    if (!state_.TextStamp.isEmpty())
+        lastObtained_.writeLine(state_.TextStamp);
+    liveLog_.open(state_.filePath(QString::fromLatin1(LiveLog::FileName)), clock_.now());
 
     for (Control* item :
         { &main_.mnuSystemSetup, &main_.mnuFile, &main_.mnuSavePlotToFile, &main_.mnuLoadPlotFile,
@@ -137,6 +141,7 @@ void Acquisition::mnuStop_Click()
     // 2
     main_.lblStatCurrentTemp.setVisible(false);
     lastObtained_.close();
+    liveLog_.close();
     main_.lblCurrentTemp.setCaption(QString());
     // 3
     tmrCheckTransmission_.stop();

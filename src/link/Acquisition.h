@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/LastObtainedFile.h"
+#include "store/LiveLog.h"
 
 #include <QObject>
 #include <QTimer>
@@ -44,6 +45,7 @@ public:
     QTimer& tmrCheckTransmission() { return tmrCheckTransmission_; }
     QTimer& tmrBeep() { return tmrBeep_; }
     LastObtainedFile& lastObtainedFile() { return lastObtained_; }
+    LiveLog& liveLog() { return liveLog_; }
     bool TransmissionLost = false;
 
     bool realTimeMode() const;
@@ -72,6 +74,7 @@ private:
     AcquisitionWindows& windows_;
     StoredPointsController* storedPoints_ = nullptr;
     LastObtainedFile lastObtained_;
+    LiveLog liveLog_;
     QTimer tmrCheckTransmission_;
     QTimer tmrBeep_;
     bool inWatchdogTick_ = false;

@@ -3,12 +3,28 @@
 #include "Acquisition.h"
 #include "base/AppState.h"
 #include "base/Clock.h"
+#include "base/StringUtils.h"
+#include "store/DataPointFiles.h"
 #include "store/DataPointStore.h"
+#include "store/SpreadsheetExport.h"
+#include "store/TextExport.h"
 
 namespace {
 const QString StartCaption = QStringLiteral("START RECEIVING");
 const QString StopCaption = QStringLiteral("STOP RECEIVING");
 const QString IdleCaption = QStringLiteral("STORED DATA POINTS...");
+const QString EmptyLocation = QStringLiteral("EMPTY LOCATION - NO DATA.");
+
+// A line that came from the instrument's memory, not a text stamp.
+bool holdsDownloadedPoints(const QString& text)
+{
+    for (const QString& line : text.split(StringUtils::CrLf)) {
+        if (!line.startsWith(StringUtils::Bel)
+            && (IsStoredDataPoint(line) || line == EmptyLocation))
+            return true;
+    }
+    return false;
+}
 } // namespace
 
 StoredPointsController::StoredPointsController(AppState& state, StoredPointsModel& model,
@@ -28,6 +44,9 @@ void StoredPointsController::Form_Load()
 {
     state_.DownloadFromWindow = true;
     store_.clear();
+    // A download begins with the text stamp in force, on a line of its own.
+    if (!state_.TextStamp.isEmpty())
+        store_.append(state_.TextStamp + StringUtils::CrLf);
     model_.lblAcquiredPoints.setCaption(IdleCaption);
     model_.cmdStartDownload.setCaption(StartCaption);
 }
@@ -38,6 +57,10 @@ void StoredPointsController::Form_Unload()
         return;
     blinkTimer_.stop();
     state_.DownloadFromWindow = false;
+    // The downloaded points are kept when the window closes, for the downloaded points view;
+    // a window closed without any keeps the points kept before.
+    if (holdsDownloadedPoints(store_.text()))
+        SaveDataPointStorage(state_, store_, false);
     // Closing the window ends the download mode, unless that command is what closes it.
     if (!acquisition_.isUnloadingStoredPoints())
         acquisition_.mnuDownloadData_Click();
@@ -81,6 +104,18 @@ void StoredPointsController::cmdStartDownload_Click()
 }
 
 void StoredPointsController::cmdClearAcqPts_Click() { store_.clear(); }
+
+void StoredPointsController::cmdSaveToTxtFile_Click()
+{
+    if (text_)
+        text_->SaveFile();
+}
+
+void StoredPointsController::cmdSaveToExcel_Click()
+{
+    if (spreadsheet_)
+        spreadsheet_->CreateExcelFileForDownLoadedData();
+}
 
 void StoredPointsController::BlinkTimer_Timer()
 {

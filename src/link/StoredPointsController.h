@@ -9,6 +9,8 @@ struct AppState;
 class Acquisition;
 class Clock;
 class DataPointStore;
+class SpreadsheetExport;
+class TextExport;
 
 // The stored points window's handlers: the start/stop button of the transfer, the blinking
 // label while records arrive, and the clear button.
@@ -22,11 +24,19 @@ public:
     void Form_Unload();
     void cmdStartDownload_Click();
     void cmdClearAcqPts_Click();
+    void cmdSaveToTxtFile_Click();
+    void cmdSaveToExcel_Click();
     void BlinkTimer_Timer();
     // A record arrived: the label says so and starts blinking.
     void showReceiving();
 
     bool isReceiving() const;
+    // The exports behind the two save buttons.
+    void setFileCommands(TextExport* text, SpreadsheetExport* spreadsheet)
+    {
+        text_ = text;
+        spreadsheet_ = spreadsheet;
+    }
     QTimer& BlinkTimer() { return blinkTimer_; }
 
     static constexpr int BlinkIntervalMs = 500;
@@ -38,4 +48,6 @@ private:
     Acquisition& acquisition_;
     Clock& clock_;
     QTimer blinkTimer_;
+    TextExport* text_ = nullptr;
+    SpreadsheetExport* spreadsheet_ = nullptr;
 };

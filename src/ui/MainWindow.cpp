@@ -79,6 +79,13 @@ void MainWindow::bindCommands()
     on("mnuOnlineManual", [&a] { a.help.OpenOnlineManual(); });
     on("mnuAbout", [this] { mnuAbout_Click(); });
     binder_->onClicked(QStringLiteral("cmdExit"), [&a] { a.controller.Shutdown(); });
+    // Data files
+    on("mnuSaveFile", [&a] { a.files.mnuSaveFile_Click(); });
+    on("mnuLoadFile", [&a] { a.files.mnuLoadFile_Click(); });
+    on("mnuCreateExcelFile", [&a] { a.files.mnuCreateExcelFile_Click(); });
+    on("mnuTextStamp", [&a] { a.files.mnuTextStamp_Click(); });
+    on("mnuNewAcquiredDataPoints", [&a] { a.files.mnuNewAcquiredDataPoints_Click(); });
+    on("mnuDownloadedDataPoints", [&a] { a.files.mnuDownloadedDataPoints_Click(); });
 }
 
 void MainWindow::showStoredPointsWindow()

@@ -155,6 +155,8 @@ QString QtPrompter::chooseFile(const FileChoice& choice, bool save)
 {
     QFileDialog dialog(owner(), choice.title, choice.directory);
     dialog.setOption(QFileDialog::DontUseNativeDialog, true);
+    // The program asks its own question about an existing file (append, overwrite).
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, true);
     dialog.setWindowModality(Qt::ApplicationModal);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

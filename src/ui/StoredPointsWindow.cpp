@@ -36,6 +36,10 @@ StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model, StoredPointsCon
         QStringLiteral("cmdStartDownload"), [this] { controller_.cmdStartDownload_Click(); });
     binder_->onClicked(
         QStringLiteral("cmdClearAcqPts"), [this] { controller_.cmdClearAcqPts_Click(); });
+    binder_->onClicked(
+        QStringLiteral("cmdSaveToTxtFile"), [this] { controller_.cmdSaveToTxtFile_Click(); });
+    binder_->onClicked(
+        QStringLiteral("cmdSaveToExcel"), [this] { controller_.cmdSaveToExcel_Click(); });
 
     connect(&store_, &DataPointStore::appended, this, [this](const QString& chunk) {
         QPlainTextEdit* box = ui_->txtDataPointsDisplay;

@@ -1,0 +1,42 @@
+#include "DataPointFiles.h"
+
+#include "DataPointStore.h"
+#include "WholeFile.h"
+#include "base/AppState.h"
+#include "base/MainWindowModel.h"
+#include "base/StringUtils.h"
+
+#include <QFile>
+
+bool SaveDataPointStorage(const AppState& state, const DataPointStore& store, bool append)
+{
+    return WholeFile::Write(state.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)),
+        (store.text() + StringUtils::CrLf).toLatin1(), append);
+}
+
+bool LoadDataPointStorage(const AppState& state, DataPointStore& store)
+{
+    QFile file(state.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QString text;
+    while (!file.atEnd()) {
+        QByteArray line = file.readLine();
+        while (line.endsWith('\n') || line.endsWith('\r'))
+            line.chop(1);
+        if (line.isEmpty())
+            continue;
+        text += QString::fromLatin1(line);
+        text += StringUtils::CrLf;
+    }
+    if (file.error() != QFileDevice::NoError)
+        return false;
+    store.setText(text);
+    return true;
+}
+
+void ClearSystemParameters(MainWindowModel& main)
+{
+    for (int i = 1; i < MainWindowModel::SystParameterCount; ++i)
+        main.lblSystParameters(i).setCaption(QString());
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+struct AppState;
+class DataPointStore;
+class MainWindowModel;
+
+// The store's own work file, "DPStorage.dat": the stored points are kept in it when the stored
+// points window closes with data, and read back by the view of the downloaded points.
+namespace DataPointFiles {
+constexpr const char* StorageFileName = "DPStorage.dat";
+}
+
+// Writes the store text and CR LF to "DPStorage.dat", after what it holds when `append`, else
+// in place of it. False when the file could not be written; it is then as it was.
+bool SaveDataPointStorage(const AppState& state, const DataPointStore& store, bool append);
+// Replaces the store text with the non-empty lines of "DPStorage.dat", each ended by CR LF. A
+// missing or unreadable file leaves the store as it is and gives false.
+bool LoadDataPointStorage(const AppState& state, DataPointStore& store);
+// Empties the nine instrument parameter labels before a new set arrives.
+void ClearSystemParameters(MainWindowModel& main);

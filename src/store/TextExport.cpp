@@ -1,0 +1,65 @@
+#include "TextExport.h"
+
+#include "DataPointStore.h"
+#include "FileHeader.h"
+#include "WholeFile.h"
+#include "base/AppState.h"
+#include "base/Prompter.h"
+#include "base/StringUtils.h"
+#include "base/ViewModel.h"
+
+#include <QFileInfo>
+
+TextExport::TextExport(const AppState& state, const MainWindowModel& main,
+    const DataPointStore& store, const Clock& clock, Prompter& prompter,
+    const Control& storedPointsLabel)
+    : state_(state)
+    , main_(main)
+    , store_(store)
+    , clock_(clock)
+    , prompter_(prompter)
+    , storedPointsLabel_(storedPointsLabel)
+{
+}
+
+QString TextExport::FileText() const
+{
+    QString text;
+    if (storedPointsLabel_.caption() != QLatin1String(NoHeaderCaption))
+        text = BuildFileHeader(state_, main_, clock_) + StringUtils::CrLf;
+    return text + store_.text() + StringUtils::CrLf;
+}
+
+bool TextExport::CreateTextFile2(const QString& fileName, bool append) const
+{
+    if (fileName.isEmpty())
+        return false;
+    return WholeFile::Write(fileName, FileText().toLatin1(), append);
+}
+
+void TextExport::SaveFile()
+{
+    if (store_.isEmpty()) {
+        prompter_.message(
+            QStringLiteral("NO DATA TO SAVE"), QStringLiteral("YOU HAVE NO DATA TO SAVE"));
+        return;
+    }
+    Prompter::FileChoice choice;
+    choice.title = QStringLiteral("SAVE FILE");
+    choice.filter = QStringLiteral("*.txt");
+    choice.defaultExtension = QStringLiteral("txt");
+    choice.directory = state_.ProgramDirectory;
+    const QString fileName = prompter_.saveFileName(choice);
+    if (fileName.isEmpty())
+        return;
+    if (QFileInfo(fileName).isFile()) {
+        const auto answer = prompter_.message(QStringLiteral("DUPLICATE FILE FOUND"),
+            QStringLiteral("THIS ALREADY EXISTS, DO YOU WISH TO APPEND THE DATA?"),
+            Prompter::Buttons::YesNoCancel, Prompter::Icon::Question, Prompter::Answer::Cancel);
+        if (answer == Prompter::Answer::Cancel)
+            return;
+        CreateTextFile2(fileName, answer == Prompter::Answer::Yes);
+        return;
+    }
+    CreateTextFile2(fileName, false);
+}

@@ -1,0 +1,370 @@
+#include "support/FakeClock.h"
+#include "support/FakePrompter.h"
+#include "support/ReadOnlyDir.h"
+#include "support/TestRegistry.h"
+
+#include "base/AppState.h"
+#include "base/MainWindowModel.h"
+#include "base/ViewModel.h"
+#include "store/DataPointFiles.h"
+#include "store/DataPointStore.h"
+#include "store/LiveLog.h"
+#include "store/TempDataTables.h"
+#include "store/TextExport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+QByteArray readAll(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+}
+void writeAll(const QString& path, const QByteArray& bytes)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+const QByteArray Header = "\tBRANDOK ENGINEERING Infrared Thermometer Data Logging\r\n"
+                          "\tDate: (mm/dd/yy) 03/14/26  Time: 9:05:07 AM\r\n";
+
+// The store and its files in a temporary program directory.
+struct StoreRig {
+    StoreRig() { state.ProgramDirectory = dir.path(); }
+    QString path(const char* name) const { return dir.filePath(QString::fromLatin1(name)); }
+
+    QTemporaryDir dir;
+    AppState state;
+    MainWindowModel main;
+    ViewModel storedPoints;
+    Control label { &storedPoints, "lblAcquiredPoints", "ACQUIRED DATA POINTS..." };
+    DataPointStore store;
+    FakeClock clock;
+    FakePrompter prompter;
+    TextExport text { state, main, store, clock, prompter, label };
+};
+} // namespace
+
+class TestDataPointFiles : public QObject {
+    Q_OBJECT
+private slots:
+    void storageRoundTrip_data()
+    {
+        QTest::addColumn<QStringList>("saves"); // store texts, saved in turn
+        QTest::addColumn<QString>("appends"); // one letter per save: A append, N anew
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("loaded");
+        QTest::newRow("anew, blank line dropped on load")
+            << QStringList { "a\r\n\r\nb" } << "N" << QByteArray("a\r\n\r\nb\r\n") << "a\r\nb\r\n";
+        QTest::newRow("append twice doubles")
+            << QStringList { "x", "x" } << "AA" << QByteArray("x\r\nx\r\n") << "x\r\nx\r\n";
+        QTest::newRow("anew replaces an appended file")
+            << QStringList { "x", "y", "z" } << "AAN" << QByteArray("z\r\n") << "z\r\n";
+        QTest::newRow("stored points keep their tabs")
+            << QStringList { "\r\n\t#001\t75\tDEG F\r\n" } << "N"
+            << QByteArray("\r\n\t#001\t75\tDEG F\r\n\r\n") << "\t#001\t75\tDEG F\r\n";
+    }
+    void storageRoundTrip()
+    {
+        QFETCH(QStringList, saves);
+        QFETCH(QString, appends);
+        QFETCH(QByteArray, file);
+        QFETCH(QString, loaded);
+        StoreRig rig;
+        for (int i = 0; i < saves.size(); ++i) {
+            rig.store.setText(saves.at(i));
+            QVERIFY(SaveDataPointStorage(rig.state, rig.store, appends.at(i) == QLatin1Char('A')));
+        }
+        QCOMPARE(readAll(rig.path(DataPointFiles::StorageFileName)), file);
+        rig.store.setText(QStringLiteral("replaced"));
+        QVERIFY(LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(rig.store.text(), loaded);
+    }
+
+    void missingStorageLeavesTheStore()
+    {
+        StoreRig rig;
+        rig.store.setText(QStringLiteral("kept"));
+        QVERIFY(!LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(rig.store.text(), QStringLiteral("kept"));
+    }
+
+    void fortyThousandLines()
+    {
+        StoreRig rig;
+        QByteArray big;
+        for (int i = 0; i < 40000; ++i)
+            big += QByteArray::number(i % 200) + "\r\n";
+        writeAll(rig.path(DataPointFiles::StorageFileName), big);
+        QVERIFY(LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(rig.store.text().count(QStringLiteral("\r\n")), 40000);
+        QVERIFY(rig.store.text().endsWith(QStringLiteral("199\r\n")));
+        // The numeric tables count in 16 bits: so many lines end the read with nothing.
+        rig.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        const TempDataValues values = ReadTempDataValues(rig.state, rig.text);
+        QCOMPARE(values.count, qint16(0));
+        QVERIFY(values.values.isEmpty());
+        QCOMPARE(ReadTempDataTable(rig.state, rig.main, rig.text).count, qint16(0));
+    }
+
+    void numericLines_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QVector<double>>("values");
+        QTest::newRow("header lines skipped")
+            << QByteArray("\tBRANDOK\r\n\t\tDEG F\r\n75\r\n76.5\r\n")
+            << QVector<double> { 75, 76.5 };
+        QTest::newRow("blank lines skipped, not the end")
+            << QByteArray("1\r\n\r\n\r\n2\r\n") << QVector<double> { 1, 2 };
+        QTest::newRow("blanks around, sign and exponent")
+            << QByteArray("  12  \r\n-3\r\n1e3\r\n") << QVector<double> { 12, -3, 1000 };
+        QTest::newRow("stored points, empty locations and stamps are no readings") << QByteArray(
+            "\t#001\t75\r\n#002 76\r\nEMPTY LOCATION - NO DATA.\r\n\x07"
+            "25\r\n12abc\r\n.\r\n7\r\n") << QVector<double> { 7 };
+        QTest::newRow("LF only and no last line end")
+            << QByteArray("4\n5") << QVector<double> { 4, 5 };
+    }
+    void numericLines()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QVector<double>, values);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(TempData::FileName);
+        writeAll(path, content);
+        const auto read = TempData::ReadNumericLines(path);
+        QVERIFY(read.has_value());
+        QCOMPARE(*read, values);
+    }
+
+    void lineCountLimit_data()
+    {
+        QTest::addColumn<int>("lines");
+        QTest::addColumn<bool>("read");
+        QTest::newRow("32767 lines fit") << 32767 << true;
+        QTest::newRow("32768 lines overflow") << 32768 << false;
+    }
+    void lineCountLimit()
+    {
+        QFETCH(int, lines);
+        QFETCH(bool, read);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(TempData::FileName);
+        writeAll(path, QByteArray("5\r\n").repeated(lines));
+        const auto values = TempData::ReadNumericLines(path);
+        QCOMPARE(values.has_value(), read);
+        if (read)
+            QCOMPARE(values->size(), lines);
+    }
+
+    void tempDataTable_data()
+    {
+        QTest::addColumn<QString>("interval");
+        QTest::addColumn<QVector<double>>("times");
+        QTest::newRow("interval 2") << "2" << QVector<double> { 0, 2, 4 };
+        QTest::newRow("interval 0.5") << "0.5" << QVector<double> { 0, 0.5, 1 };
+        QTest::newRow("unknown interval") << "NO-INT" << QVector<double> { 0, 0, 0 };
+        QTest::newRow("empty label") << "" << QVector<double> { 0, 0, 0 };
+    }
+    void tempDataTable()
+    {
+        QFETCH(QString, interval);
+        QFETCH(QVector<double>, times);
+        StoreRig rig;
+        rig.main.lblSystParameters(1).setCaption(QStringLiteral("DEG F"));
+        rig.main.lblSystParameters(2).setCaption(interval);
+        rig.store.setText(QStringLiteral("70\r\n\x07stamp\r\n71\r\n72"));
+        const TempDataTable table = ReadTempDataTable(rig.state, rig.main, rig.text);
+        QCOMPARE(table.count, qint16(3));
+        QCOMPARE(table.status, qint16(0));
+        for (int row = 0; row < 3; ++row) {
+            QCOMPARE(table.rows.at(row).time, times.at(row));
+            QCOMPARE(table.rows.at(row).temperature, 70.0 + row);
+        }
+        // The export went through the work file, header and all.
+        QVERIFY(readAll(rig.path(TempData::FileName)).startsWith(Header));
+    }
+
+    void downloadOnlyGivesNoTable()
+    {
+        StoreRig rig;
+        rig.label.setCaption(QString::fromLatin1(TextExport::NoHeaderCaption));
+        rig.store.setText(
+            QStringLiteral("\r\n\t#001\t75\tDEG F\r\n\r\nEMPTY LOCATION - NO DATA.\r\n"));
+        const TempDataValues values = ReadTempDataValues(rig.state, rig.text);
+        QCOMPARE(values.count, qint16(0));
+        QVERIFY(values.values.isEmpty());
+    }
+
+    void textFile_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<bool>("append");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("after real-time sensing: header first")
+            << "ACQUIRED DATA POINTS..." << false << Header + "\r\n75\r\n76\r\n";
+        QTest::newRow("a download on hand: first data line first")
+            << "STORED DATA POINTS..." << false << QByteArray("75\r\n76\r\n");
+        QTest::newRow("append adds a second header")
+            << "RECEIVING..." << true << "old\r\n" + Header + "\r\n75\r\n76\r\n";
+        QTest::newRow("append without header")
+            << "STORED DATA POINTS..." << true << QByteArray("old\r\n75\r\n76\r\n");
+    }
+    void textFile()
+    {
+        QFETCH(QString, label);
+        QFETCH(bool, append);
+        QFETCH(QByteArray, expected);
+        StoreRig rig;
+        rig.label.setCaption(label);
+        rig.store.setText(QStringLiteral("75\r\n76"));
+        const QString path = rig.path("out.txt");
+        writeAll(path, "old\r\n");
+        QVERIFY(rig.text.CreateTextFile2(path, append));
+        QCOMPARE(readAll(path), expected);
+    }
+
+    void headerWithParameters()
+    {
+        StoreRig rig;
+        rig.main.lblSystParameters(1).setCaption(QStringLiteral("DEG F"));
+        for (int i = 0; i < 9; ++i)
+            rig.state.SystemParameterText[i] = QStringLiteral("P%1").arg(i);
+        rig.store.setText(QStringLiteral("75"));
+        QVERIFY(rig.text.CreateTextFile2(rig.path("p.txt"), false));
+        const QByteArray bytes = readAll(rig.path("p.txt"));
+        QVERIFY(bytes.startsWith(Header + "\t\tP0\r\n"));
+        QVERIFY(bytes.endsWith("\t\tP8\r\n\r\n\r\n75\r\n"));
+    }
+
+    void saveFileDialogs_data()
+    {
+        QTest::addColumn<bool>("exists");
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QByteArray>("expected");
+        const QByteArray data = Header + "\r\nNEW\r\n";
+        QTest::newRow("new file") << false << -1 << data;
+        QTest::newRow("Yes appends") << true << int(Prompter::Answer::Yes) << "OLD\r\n" + data;
+        QTest::newRow("No overwrites") << true << int(Prompter::Answer::No) << data;
+        QTest::newRow("Cancel writes nothing")
+            << true << int(Prompter::Answer::Cancel) << QByteArray("OLD\r\n");
+    }
+    void saveFileDialogs()
+    {
+        QFETCH(bool, exists);
+        QFETCH(int, answer);
+        QFETCH(QByteArray, expected);
+        StoreRig rig;
+        rig.store.setText(QStringLiteral("NEW"));
+        const QString path = rig.path("chosen name.txt");
+        if (exists)
+            writeAll(path, "OLD\r\n");
+        rig.prompter.files.push_back(path);
+        if (answer >= 0)
+            rig.prompter.answers.push_back(Prompter::Answer(answer));
+        rig.text.SaveFile();
+
+        QCOMPARE(rig.prompter.shown.front().kind, QStringLiteral("save"));
+        const Prompter::FileChoice& choice = rig.prompter.shown.front().choice;
+        QCOMPARE(choice.title, QStringLiteral("SAVE FILE"));
+        QCOMPARE(choice.filter, QStringLiteral("*.txt"));
+        QCOMPARE(choice.defaultExtension, QStringLiteral("txt"));
+        QCOMPARE(choice.directory, rig.dir.path());
+        QVERIFY(choice.fileName.isEmpty());
+        QCOMPARE(rig.prompter.messages().size(), exists ? 1u : 0u);
+        if (exists) {
+            const Prompter::Message box = rig.prompter.messages().front();
+            QCOMPARE(box.title, QStringLiteral("DUPLICATE FILE FOUND"));
+            QCOMPARE(
+                box.text, QStringLiteral("THIS ALREADY EXISTS, DO YOU WISH TO APPEND THE DATA?"));
+            QCOMPARE(box.buttons, Prompter::Buttons::YesNoCancel);
+            QCOMPARE(box.icon, Prompter::Icon::Question);
+            QCOMPARE(box.defaultButton, Prompter::Answer::Cancel);
+        }
+        QCOMPARE(readAll(path), expected);
+    }
+
+    void saveFileWithoutData()
+    {
+        StoreRig rig;
+        rig.text.SaveFile();
+        QCOMPARE(rig.prompter.shown.size(), size_t(1));
+        QCOMPARE(rig.prompter.titles(), QStringList { "NO DATA TO SAVE" });
+        QCOMPARE(rig.prompter.messages().front().text, QStringLiteral("YOU HAVE NO DATA TO SAVE"));
+    }
+
+    void readOnlyDirectoryKeepsEveryFile()
+    {
+        StoreRig rig;
+        const QString storage = rig.path(DataPointFiles::StorageFileName);
+        const QString text = rig.path("export.txt");
+        writeAll(storage, "before\r\n");
+        writeAll(text, "before\r\n");
+        QFile::setPermissions(storage, QFileDevice::ReadOwner | QFileDevice::ReadOther);
+        QFile::setPermissions(text, QFileDevice::ReadOwner | QFileDevice::ReadOther);
+        rig.store.setText(QStringLiteral("75"));
+        {
+            ReadOnlyDir readOnly(rig.dir.path());
+            QVERIFY(!SaveDataPointStorage(rig.state, rig.store, false));
+            QVERIFY(!SaveDataPointStorage(rig.state, rig.store, true));
+            QVERIFY(!rig.text.CreateTextFile2(text, true));
+            QVERIFY(!rig.text.CreateTextFile2(text, false));
+            QVERIFY(!rig.text.CreateTextFile2(rig.path("new.txt"), false));
+        }
+        QCOMPARE(readAll(storage), QByteArray("before\r\n"));
+        QCOMPARE(readAll(text), QByteArray("before\r\n"));
+        QCOMPARE(QDir(rig.dir.path()).entryList(QDir::Files | QDir::Hidden),
+            QStringList({ "DPStorage.dat", "export.txt" }));
+    }
+
+    void clearSystemParameters()
+    {
+        MainWindowModel main;
+        for (int i = 1; i <= 9; ++i)
+            main.lblSystParameters(i).setCaption(QStringLiteral("x"));
+        ClearSystemParameters(main);
+        for (int i = 1; i <= 9; ++i)
+            QVERIFY(main.lblSystParameters(i).caption().isEmpty());
+    }
+
+    void liveLogLines_data()
+    {
+        QTest::addColumn<int>("afterMs");
+        QTest::addColumn<double>("reading");
+        QTest::addColumn<QString>("line");
+        QTest::newRow("at the start") << 0 << 75.0 << "2026-03-14,09:05:07,0,75";
+        QTest::newRow("tenths of a second") << 12340 << -3.0 << "2026-03-14,09:05:19,12.3,-3";
+        QTest::newRow("past midnight")
+            << 15 * 3600 * 1000 << 101.0 << "2026-03-15,00:05:07,54000,101";
+    }
+    void liveLogLines()
+    {
+        QFETCH(int, afterMs);
+        QFETCH(double, reading);
+        QFETCH(QString, line);
+        const QDateTime start(QDate(2026, 3, 14), QTime(9, 5, 7));
+        QCOMPARE(LiveLog::Line(start, start.addMSecs(afterMs), reading), line);
+    }
+
+    void liveLogIsOnDiskAfterEachLine()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(LiveLog::FileName);
+        writeAll(path, "an older run\r\n");
+        const QDateTime start(QDate(2026, 3, 14), QTime(9, 5, 7));
+        LiveLog log;
+        QVERIFY(log.open(path, start));
+        const QByteArray title = ",,BRANDOK ENGINEERING Infrared Thermometer Data Logging\r\n";
+        QCOMPARE(readAll(path), title);
+        log.writeReading(start.addSecs(2), 75);
+        QCOMPARE(readAll(path), title + "2026-03-14,09:05:09,2,75\r\n");
+        log.close();
+        log.writeReading(start.addSecs(4), 76);
+        QCOMPARE(readAll(path), title + "2026-03-14,09:05:09,2,75\r\n");
+    }
+};
+TALAVEX_TEST(TestDataPointFiles)
+#include "TestDataPointFiles.moc"
