@@ -5,6 +5,7 @@
 #include "base/AppState.h"
 #include "base/GuardedPrompter.h"
 #include "base/MainWindowModel.h"
+#include "chart/ChartCommands.h"
 #include "chart/GraphingFunctions.h"
 #include "link/Acquisition.h"
 #include "link/AcquisitionWindows.h"
@@ -70,6 +71,7 @@ public:
     StoredPointsModel storedPointsModel;
     IRSystem irSystem;
     GraphingFunctions chart;
+    ChartCommands chartCommands;
     Acquisition acquisition;
     ReceiveHandler receiver;
     StoredPointsController storedPoints;

@@ -106,7 +106,8 @@ private slots:
         rig.startSensing();
         rig.feed("  80\x07");
         a.acquisition.mnuSenseTemperature_Click();
-        QCOMPARE(rig.host.calls.count(QStringLiteral("offerToSavePlot")), 1);
+        QCOMPARE(
+            rig.prompter.titles(), QStringList { QStringLiteral("SAVE PLOTTED DATA TO FILE?") });
         QVERIFY(!a.main.mnuSenseTemperature.checked());
     }
 
