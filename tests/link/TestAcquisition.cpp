@@ -237,7 +237,9 @@ private slots:
         rig.port.pending.append("  77\x07");
         rig.port.vanish(QStringLiteral("No such device"));
         QCOMPARE(a.main.lblCurrentTemp.caption(), QString());
-        QCOMPARE(rig.prompter.titles(), QStringList { "COMM PORT LOST" });
+        // The loss, then Stop's offer to save the reading now on the chart.
+        QCOMPARE(rig.prompter.titles(),
+            (QStringList { "COMM PORT LOST", "SAVE PLOTTED DATA TO FILE?" }));
         QVERIFY(a.chart.ChartHasPoints());
         QVERIFY(rig.lastObtained().endsWith("  77\r\n"));
 
