@@ -6,8 +6,8 @@
 // when xMin is exactly 0; the end scan starts at the start index, re-reads it, and stops one past
 // the first point beyond xMax. The count may differ by one from an exact count, and the
 // threshold applies to this count. Readings arrive in time order, so their rounded X values
-// never decrease and both scans become binary searches; a series that is out of order (only a
-// hand-edited plot file can make one) is scanned point by point.
+// never decrease and both scans become searches that gallop back from the newest reading; a series
+// that is out of order (only a hand-edited plot file can make one) is scanned point by point.
 #include "GraphingFunctions.h"
 
 #include "base/Numbers.h"
@@ -114,19 +114,35 @@ bool GraphingFunctions::IsXRangeOverWindow(const double& xMin, const double& xMa
     return end - s >= MaxWindowPoints;
 }
 
-// The first point in [from, to) whose rounded X exceeds limit, or to when none does.
+// The first point in [from, to) whose rounded X exceeds limit, or to when none does. A live
+// window lies at the newest end of the series, so the search gallops back from there: its cost
+// follows the distance from the end, not the length of the record.
 int GraphingFunctions::firstAbove(double limit, int from, int to) const
 {
-    int lo = from;
-    int hi = to;
+    if (from >= to || !(limit < rounded(chart_, to - 1)))
+        return to;
+    qint64 above = to - 1; // known to exceed the limit
+    qint64 notAbove = qint64(from) - 1; // known not to, or before the range
+    for (qint64 step = 1;; step *= 2) {
+        const qint64 probe = above - step;
+        if (probe < from)
+            break;
+        if (!(limit < rounded(chart_, int(probe)))) {
+            notAbove = probe;
+            break;
+        }
+        above = probe;
+    }
+    qint64 lo = notAbove + 1;
+    qint64 hi = above;
     while (lo < hi) {
-        const int mid = lo + (hi - lo) / 2;
-        if (limit < rounded(chart_, mid))
+        const qint64 mid = lo + (hi - lo) / 2;
+        if (limit < rounded(chart_, int(mid)))
             hi = mid;
         else
             lo = mid + 1;
     }
-    return lo;
+    return int(lo);
 }
 
 bool GraphingFunctions::readingsInOrder(int n) const
