@@ -15,7 +15,7 @@ class MainWindowModel;
 // slot (a point count of 1 means no readings); series 2 and 3 are the alarm-limit lines.
 //
 // Every axis change is made inside a ChartBatch, so the chart redraws once per change group.
-// A reading costs a constant number of chart operations plus a binary search of the X values:
+// A reading costs a constant number of chart operations plus a search of the newest X values:
 // the series is never walked while readings arrive.
 //
 // Arithmetic overflow (the 16-bit point spacing and window width, a 32-bit X bound) throws
