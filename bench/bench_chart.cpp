@@ -135,6 +135,21 @@ void BM_Redraw_Plot(benchmark::State& bench)
 }
 BENCHMARK(BM_Redraw_Plot)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
+// The redraw after SHOW ALL POINTS: 10,000 readings, and a week at one a second (604,800),
+// varying as a real record does.
+void BM_RedrawShowAll_Plot(benchmark::State& bench)
+{
+    EngineRig rig(true);
+    const qint64 readings = bench.range(0);
+    for (qint64 i = 0; i < readings; ++i)
+        rig.add(qint16(70 + (i / 600) % 30 + (i * 7919) % 5));
+    rig.engine->ShowAllPoints();
+    for (auto _ : bench)
+        rig.plot->replot(QCustomPlot::rpImmediateRefresh);
+    bench.counters["points"] = double(readings);
+}
+BENCHMARK(BM_RedrawShowAll_Plot)->Arg(10000)->Arg(604800)->Unit(benchmark::kMillisecond);
+
 } // namespace
 
 int main(int argc, char** argv)

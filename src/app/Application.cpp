@@ -9,6 +9,7 @@ Application::Application(Platform platform_, QObject* parent)
     , platform(platform_)
     , prompter(platform.prompter)
     , chart(platform.chart, state, main)
+    , chartCommands(chart, state, main, prompter)
     , acquisition(
           state, main, platform.port, chart, prompter, platform.clock, platform.beeper, *this)
     , receiver(
@@ -21,10 +22,8 @@ Application::Application(Platform platform_, QObject* parent)
           platform.portMap, platform.listSerialDevices, prompter, platform.openForSearch)
     , help(state, platform.launcher, prompter)
     , tempBarWindow(state, main, bar)
-    , tempBarSettings(state, bar, tempBarSettingsModel, prompter,
-          [] {
-              // wired to the chart's limit lines
-          })
+    , tempBarSettings(
+          state, bar, tempBarSettingsModel, prompter, [this] { chart.UpdateLimitLines(); })
     , textExport(state, main, store, platform.clock, prompter, storedPointsModel.lblAcquiredPoints)
     , spreadsheet(state, main, store, platform.clock, prompter)
     , files(state, store, prompter, platform.launcher, textExport, spreadsheet)
@@ -107,8 +106,4 @@ void Application::setChartSettingsInputsEnabled(bool enabled)
         host_->setChartSettingsInputsEnabled(enabled);
 }
 
-void Application::offerToSavePlot()
-{
-    if (host_)
-        host_->offerToSavePlot();
-}
+void Application::offerToSavePlot() { chartCommands.OfferToSavePlot(); }

@@ -6,6 +6,7 @@
 #include "base/AppState.h"
 #include "base/GuardedPrompter.h"
 #include "base/MainWindowModel.h"
+#include "chart/ChartCommands.h"
 #include "chart/GraphingFunctions.h"
 #include "link/Acquisition.h"
 #include "link/AcquisitionWindows.h"
@@ -75,6 +76,7 @@ public:
     StoredPointsModel storedPointsModel;
     IRSystem irSystem;
     GraphingFunctions chart;
+    ChartCommands chartCommands;
     Acquisition acquisition;
     ReceiveHandler receiver;
     StoredPointsController storedPoints;

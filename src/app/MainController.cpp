@@ -6,6 +6,7 @@
 #include "base/Numbers.h"
 #include "base/Prompter.h"
 #include "base/Services.h"
+#include "chart/ChartPanel.h"
 #include "chart/GraphingFunctions.h"
 #include "link/ReceiveHandler.h"
 #include "link/SerialPort.h"
@@ -96,6 +97,8 @@ void MainController::mnuAutoScaleYAxis_Click()
 {
     const bool on = !main_.mnuAutoScaleYAxis.checked();
     main_.mnuAutoScaleYAxis.setChecked(on);
+    if (state_.GraphSettingsOpen && chart_.panel())
+        chart_.panel()->SetAutoRangeChecked(on);
     state_.SettingsValues[17] = on ? QStringLiteral("1") : QStringLiteral("0");
 }
 
@@ -110,6 +113,7 @@ void MainController::mnuClearChart_Click()
     ChartBatch batch(chart_.chart());
     chart_.InitializeChart();
     chart_.ResetChartSeries();
+    chart_.UpdateLimitLines();
 }
 
 void MainController::mnuCreateSettingsFile_Click() { settings_.SaveSettings(); }

@@ -6,4 +6,8 @@ class ChartPanel {
 public:
     virtual ~ChartPanel() = default;
     virtual void UpdatePanelWithCurrentChartSettings() = 0;
+    // The chart menu's check marks mirrored in the panel's check boxes (chkAutoRange,
+    // chkDispLimits) while it is open.
+    virtual void SetAutoRangeChecked(bool /*checked*/) { }
+    virtual void SetDisplayLimitsChecked(bool /*checked*/) { }
 };

@@ -79,6 +79,7 @@ void GraphingFunctions::ResetChartSeries()
         chart_.setPointCount(ReadingSeries, 1);
         chart_.setX(ReadingSeries, 1, EmptyPoint);
     }
+    SeriesReplaced();
     mainWindow_.cmdResetChart.setVisible(false);
     state_.RunningYMax = 0.0;
     state_.RunningYMin = 0.0;
@@ -101,7 +102,8 @@ void GraphingFunctions::AddReadingToChart(qint16& reading)
         chart_.setPointCount(ReadingSeries, n + 1);
     } else if (n > 1) {
         keepXWindowAhead(n);
-        appendReading(reading);
+        if (!appendReading(reading))
+            return;
     } else {
         // A series without its empty slot was never set up by ResetChartSeries: nothing to
         // append to.
@@ -123,20 +125,44 @@ void GraphingFunctions::keepXWindowAhead(int pointCount)
         if (mainWindow_.mnuRealTimeGraphOn.checked())
             ScrollXForward();
     }
-    // The 300-interval window rule on the X range belongs here, between the mode step and the
-    // panel refresh.
+    applyWindowRule();
     updatePanel();
 }
 
-void GraphingFunctions::appendReading(qint16 reading)
+// The live view never spans 300 sample intervals or more: the maximum stays and the minimum
+// moves up. An overflow of the window arithmetic leaves the range as it is.
+void GraphingFunctions::applyWindowRule()
 {
-    state_.TimeInterval = toTimeUnit(state_.TimeInterval, state_.TimeUnitIndex);
+    double xMin = chart_.axisMin(Axis::X);
+    const double xMax = chart_.axisMax(Axis::X);
+    try {
+        if (!IsXRangeOverWindow(xMin, xMax))
+            return;
+        CalcXMinForWindow(xMin, xMax);
+    } catch (const std::overflow_error&) {
+        reportOverflow(QStringLiteral("THE 300-INTERVAL WINDOW WAS NOT APPLIED: "
+                                      "THE POINT SPACING IS TOO LARGE."));
+        return;
+    }
+    ChartBatch batch(chart_);
+    chart_.setAxisMin(Axis::X, xMin);
+    chart_.setAxisMax(Axis::X, xMax);
+    chart_.setAxisLabelFormat(Axis::X, labelFormat());
+    chart_.setAxisLabelFormat(Axis::Y, labelFormat());
+}
+
+bool GraphingFunctions::appendReading(qint16 reading)
+{
     const int k = chart_.pointCount(ReadingSeries);
+    if (k == std::numeric_limits<int>::max()) {
+        reportOverflow(QStringLiteral("THE CHART IS FULL: THE READING WAS NOT PLOTTED."));
+        return false;
+    }
+    state_.TimeInterval = toTimeUnit(state_.TimeInterval, state_.TimeUnitIndex);
     chart_.setX(ReadingSeries, k, state_.TimeInterval + chart_.x(ReadingSeries, k - 1));
     chart_.setY(ReadingSeries, k, reading);
-    if (k == std::numeric_limits<int>::max())
-        throw std::overflow_error("chart point count overflow");
     chart_.setPointCount(ReadingSeries, k + 1);
+    return true;
 }
 
 // Grows the Y range with the readings: 10 % above a new maximum; a reading below the lower
@@ -158,25 +184,48 @@ void GraphingFunctions::autoScaleY(qint16 reading)
     updatePanel();
 }
 
-void GraphingFunctions::CompressXRange()
+void GraphingFunctions::ShowAllPoints()
 {
+    if (!ChartHasPoints())
+        return;
+    const int n = chart_.pointCount(ReadingSeries);
+    const float last = float(chart_.x(ReadingSeries, n - 1));
+    double highest = chart_.y(ReadingSeries, 1);
+    double lowest = highest;
+    for (int i = 2; i < n; ++i) {
+        const double y = chart_.y(ReadingSeries, i);
+        if (y > highest)
+            highest = y;
+        if (y < lowest)
+            lowest = y;
+    }
     ChartBatch batch(chart_);
-    const double max = chart_.axisMax(Axis::X);
-    chart_.setAxisMax(Axis::X, max + max);
+    chart_.setAxisMax(Axis::X, last);
+    chart_.setAxisMin(Axis::X, 0.0);
+    chart_.setAxisMax(Axis::Y, highest * 1.1);
+    chart_.setAxisMin(Axis::Y, lowest * 0.9);
+    CommonAxisUpdate();
 }
 
-void GraphingFunctions::ScrollXForward()
+void GraphingFunctions::CommonAxisUpdate()
 {
-    const float max = float(chart_.axisMax(Axis::X));
-    const float min = float(chart_.axisMin(Axis::X));
-    const float width = max - min;
-    ChartBatch batch(chart_);
-    chart_.setAxisMin(Axis::X, max);
-    chart_.setAxisMax(Axis::X, max + width);
+    {
+        ChartBatch batch(chart_);
+        chart_.setAxisLabelFormat(Axis::X, labelFormat());
+        chart_.setAxisLabelFormat(Axis::Y, labelFormat());
+    }
+    updatePanel();
 }
 
 void GraphingFunctions::updatePanel()
 {
     if (state_.GraphSettingsOpen && panel_)
         panel_->UpdatePanelWithCurrentChartSettings();
+}
+
+void GraphingFunctions::reportOverflow(const QString& what)
+{
+    ++overflowCount_;
+    if (overflowNotice_)
+        overflowNotice_(what);
 }

@@ -3,6 +3,8 @@
 #include "ChartSurface.h"
 
 #include <QString>
+#include <functional>
+#include <utility>
 
 struct AppState;
 class ChartPanel;
@@ -13,21 +15,38 @@ class MainWindowModel;
 // slot (a point count of 1 means no readings); series 2 and 3 are the alarm-limit lines.
 //
 // Every axis change is made inside a ChartBatch, so the chart redraws once per change group.
-// A reading costs a constant number of chart operations: the series is never walked.
+// A reading costs a constant number of chart operations plus a search of the newest X values:
+// the series is never walked while readings arrive.
+//
+// Arithmetic overflow (the 16-bit point spacing and window width, a 32-bit X bound) throws
+// std::overflow_error out of GetPointSpacing, CalcXMinForWindow and CalcXMaxForWindow, so their
+// callers abandon the one operation. AddReadingToChart and UpdateLimitLines catch it
+// themselves, leave the chart as it was (the reading is still plotted) and tell the operator
+// through the overflow notice.
+//
+// The source files follow the engine's seams: GraphingFunctions.cpp (series, readings, show
+// all), ChartScrolling.cpp, AxisWindow.cpp (the 300-interval window rule) and LimitLines.cpp.
 class GraphingFunctions {
 public:
     static constexpr int ReadingSeries = 1;
     static constexpr int HighLimitSeries = 2;
     static constexpr int LowLimitSeries = 3;
     static constexpr double EmptyPoint = 999999999.0;
+    // No X window spans this many sample intervals or more.
+    static constexpr int MaxWindowPoints = 300;
+    // The limit lines reach this share of each X bound beyond it.
+    static constexpr double LineMargin = 0.2;
     // Settings entries the engine reads.
     static constexpr int HighLimitEntry = 13;
     static constexpr int LowLimitEntry = 14;
+    static constexpr int TimeUnitEntry = 16;
     static constexpr int LimitLinesEntry = 21;
 
     static QString labelFormat() { return QStringLiteral("#.##"); }
     // What the instrument reports when it has no known sampling interval.
     static QString noInterval() { return QStringLiteral("NO-INT"); }
+
+    using Notice = std::function<void(const QString&)>;
 
     GraphingFunctions(ChartSurface& chart, AppState& state, MainWindowModel& mainWindow);
     GraphingFunctions(const GraphingFunctions&) = delete;
@@ -35,7 +54,12 @@ public:
 
     // The graph settings panel, told of axis changes while GraphSettingsOpen; may be null.
     void setPanel(ChartPanel* panel) { panel_ = panel; }
+    ChartPanel* panel() const { return panel_; }
     ChartSurface& chart() { return chart_; }
+    const ChartSurface& chart() const { return chart_; }
+    // Told, in words, of an operation abandoned for an arithmetic overflow.
+    void setOverflowNotice(Notice notice) { overflowNotice_ = std::move(notice); }
+    int overflowCount() const { return overflowCount_; }
 
     // Three series, the limit lines across the current X range at the alarm limits, shown when
     // settings entry 21 is 1, and the axis label format.
@@ -45,22 +69,58 @@ public:
     // True unless the reading series holds exactly its empty slot.
     bool ChartHasPoints() const;
     // Plots one reading at the previous X plus TimeInterval, which is converted to the current
-    // time unit in place. Dropped when the interval label is empty or reads "NO-INT".
-    // Throws std::overflow_error when the point count cannot grow any further.
+    // time unit in place, after moving the X window on as the plotting mode says and cutting it
+    // back to the 300-interval window. Dropped when the interval label is empty or reads
+    // "NO-INT".
     void AddReadingToChart(qint16& reading);
-    // Doubles the X axis maximum; the minimum stays.
+    // X from 0 to the newest reading, Y from 90 % of the lowest to 110 % of the highest reading.
+    void ShowAllPoints();
+
+    // Scrolling by whole window widths (ChartScrolling.cpp).
     void CompressXRange();
-    // Moves the X window on by one whole width.
     void ScrollXForward();
+    void ScrollXBack();
+    void ScrollYUp();
+    void ScrollYDown();
+
+    // The window rule (AxisWindow.cpp).
+    qint16 GetPointSpacing() const;
+    bool IsXRangeOverWindow(const double& xMin, const double& xMax) const;
+    void CalcXMinForWindow(double& xMin, const double& xMax) const;
+    void CalcXMaxForWindow(const double& xMin, double& xMax) const;
+    // The reading series was rewritten other than by AddReadingToChart (a plot loaded, say).
+    void SeriesReplaced();
+
+    // The limit lines (LimitLines.cpp).
+    void UpdateLimitLines();
+    void ShowLimitMarkers();
+    void HideLimitMarkers();
+
+    // The labels "#.##" on both axes and the panel told: what follows every change of a range.
+    void CommonAxisUpdate();
 
 private:
     void keepXWindowAhead(int pointCount);
-    void appendReading(qint16 reading);
+    void applyWindowRule();
+    bool appendReading(qint16 reading);
     void autoScaleY(qint16 reading);
     void updatePanel();
+    void reportOverflow(const QString& what);
+
+    // Whether the rounded X values of readings 1 .. n - 1 never decrease, kept up to date in
+    // amortised constant time as the series grows (AxisWindow.cpp).
+    bool readingsInOrder(int n) const;
+    int firstAbove(double limit, int from, int to) const;
 
     ChartSurface& chart_;
     AppState& state_;
     MainWindowModel& mainWindow_;
     ChartPanel* panel_ = nullptr;
+    Notice overflowNotice_;
+    int overflowCount_ = 0;
+
+    // The order check of readings 1 .. checkedCount_ - 1.
+    mutable int checkedCount_ = 0;
+    mutable bool inOrder_ = true;
+    mutable double lastChecked_ = 0.0;
 };

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "AboutDialog.h"
+#include "ChartMouse.h"
 #include "ModelBinder.h"
 #include "ProgramParametersDialog.h"
 #include "StoredPointsWindow.h"
@@ -9,7 +10,10 @@
 #include "app/Application.h"
 #include "ui_MainWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QStatusBar>
+#include <qcustomplot.h>
 
 MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
     : QMainWindow(parent)
@@ -31,10 +35,16 @@ MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
     binder_ = new ModelBinder(app_.main, *this);
     tempBarWindows_ = new TempBarWindowHost(app_, this);
     bindCommands();
+    bindChartCommands(chart);
     app_.setWindowHost(this);
 }
 
-MainWindow::~MainWindow() { app_.setWindowHost(nullptr); }
+MainWindow::~MainWindow()
+{
+    app_.setWindowHost(nullptr);
+    app_.chart.setOverflowNotice(nullptr);
+    app_.chartCommands.setBusyIndicator(nullptr);
+}
 
 void MainWindow::styleReadout()
 {
@@ -86,6 +96,29 @@ void MainWindow::bindCommands()
     on("mnuTextStamp", [&a] { a.files.mnuTextStamp_Click(); });
     on("mnuNewAcquiredDataPoints", [&a] { a.files.mnuNewAcquiredDataPoints_Click(); });
     on("mnuDownloadedDataPoints", [&a] { a.files.mnuDownloadedDataPoints_Click(); });
+}
+
+void MainWindow::bindChartCommands(QWidget* chart)
+{
+    ChartCommands& c = app_.chartCommands;
+    auto on = [this](const char* name, std::function<void()> handler) {
+        binder_->onTriggered(QString::fromLatin1(name), std::move(handler));
+    };
+    on("mnuShowAllPts", [&c] { c.mnuShowAllPts_Click(); });
+    on("mnuDispLimits", [&c] { c.mnuDispLimits_Click(); });
+    on("mnuSavePlotToFile", [&c] { c.mnuSavePlotToFile_Click(); });
+    on("mnuLoadPlotFile", [&c] { c.mnuLoadPlotFile_Click(); });
+    binder_->onClicked(QStringLiteral("cmdResetChart"), [&c] { c.cmdResetChart_Click(); });
+    c.setBusyIndicator([](bool busy) {
+        if (busy)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
+    app_.chart.setOverflowNotice(
+        [this](const QString& what) { statusBar()->showMessage(what, 10000); });
+    if (auto* plot = qobject_cast<QCustomPlot*>(chart))
+        new ChartMouse(*plot, c, this);
 }
 
 void MainWindow::showStoredPointsWindow()

@@ -48,6 +48,8 @@ protected:
 
 private:
     void bindCommands();
+    // The chart's menu commands, RESET CHART, the mouse on the chart and its notices.
+    void bindChartCommands(QWidget* chart);
     void styleReadout();
 
     Application& app_;

@@ -91,7 +91,8 @@ private slots:
         const QStringList labels { "DEG F", "1", "0.95", "85", "25" };
         for (int i = 0; i < labels.size(); ++i)
             QCOMPARE(a.main.lblSystParameters(i + 1).caption(), labels.at(i));
-        QVERIFY(rig.prompter.titles().isEmpty());
+        // Only Stop's offer to save the plot (its save dialog cancelled).
+        QCOMPARE(rig.prompter.titles(), QStringList { "SAVE PLOTTED DATA TO FILE?" });
 
         // Every reading of the run is in the file, in order, as the program logs it.
         QByteArray expected;
@@ -145,7 +146,10 @@ private slots:
         Application& a = *rig.app;
         a.acquisition.mnuSenseTemperature_Click();
         QTRY_VERIFY_WITH_TIMEOUT(!rig.prompter.titles().isEmpty(), 15000);
-        QCOMPARE(rig.prompter.titles(), QStringList { "IR SYSTEM HAS HALTED DATA TRANSMISSION" });
+        // The halt, then Stop's offer to save the readings already plotted.
+        QCOMPARE(rig.prompter.titles(),
+            (QStringList {
+                "IR SYSTEM HAS HALTED DATA TRANSMISSION", "SAVE PLOTTED DATA TO FILE?" }));
         QVERIFY(!a.main.mnuSenseTemperature.checked());
         QVERIFY(!rig.port.isOpen());
         QVERIFY(a.acquisition.TransmissionLost);
@@ -160,8 +164,9 @@ private slots:
         Application& a = *rig.app;
         a.acquisition.mnuSenseTemperature_Click();
         QTRY_VERIFY_WITH_TIMEOUT(!rig.prompter.titles().isEmpty(), 15000);
-        QCOMPARE(
-            rig.prompter.titles(), QStringList { "RECEIVED STORED DATA WHILE IN REAL TIME MODE" });
+        QCOMPARE(rig.prompter.titles(),
+            (QStringList {
+                "RECEIVED STORED DATA WHILE IN REAL TIME MODE", "SAVE PLOTTED DATA TO FILE?" }));
         QVERIFY(!rig.port.isOpen());
         QVERIFY(!a.main.mnuSenseTemperature.checked());
     }
