@@ -1,6 +1,9 @@
 #pragma once
 
 #include "DataFilesController.h"
+#include "ControlTesterController.h"
+#include "ControlTesterModel.h"
+#include "DemoController.h"
 #include "MainController.h"
 #include "SettingsFileIO.h"
 #include "base/AppState.h"
@@ -94,6 +97,11 @@ public:
     TextExport textExport;
     SpreadsheetExport spreadsheet;
     DataFilesController files;
+
+    // The demo menu and the control tester.
+    ControlTesterModel controlTesterModel;
+    ControlTesterController controlTester;
+    DemoController demo;
 
 signals:
     // The port was opened for real-time sensing (true) or a download (false), or closed.

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "AboutDialog.h"
+#include "DemoWindowHost.h"
 #include "ModelBinder.h"
 #include "ProgramParametersDialog.h"
 #include "StoredPointsWindow.h"
@@ -30,6 +31,7 @@ MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
     styleReadout();
     binder_ = new ModelBinder(app_.main, *this);
     tempBarWindows_ = new TempBarWindowHost(app_, this);
+    demoWindows_ = new DemoWindowHost(app_, *this);
     bindCommands();
     app_.setWindowHost(this);
 }
@@ -86,6 +88,11 @@ void MainWindow::bindCommands()
     on("mnuTextStamp", [&a] { a.files.mnuTextStamp_Click(); });
     on("mnuNewAcquiredDataPoints", [&a] { a.files.mnuNewAcquiredDataPoints_Click(); });
     on("mnuDownloadedDataPoints", [&a] { a.files.mnuDownloadedDataPoints_Click(); });
+    // &DEMO CONTROLS
+    on("mnuTestFunction", [&a] { a.demo.mnuTestFunction_Click(); });
+    on("mnuSearchForIR", [&a] { a.demo.mnuSearchForIR_Click(); });
+    on("mnuControlTester", [&a] { a.demo.mnuControlTester_Click(); });
+    on("mnuSplash", [&a] { a.demo.mnuSplash_Click(); });
 }
 
 void MainWindow::showStoredPointsWindow()
