@@ -1,8 +1,8 @@
 #pragma once
 
-#include "DataFilesController.h"
 #include "ControlTesterController.h"
 #include "ControlTesterModel.h"
+#include "DataFilesController.h"
 #include "DemoController.h"
 #include "MainController.h"
 #include "SettingsFileIO.h"
