@@ -27,6 +27,8 @@ Application::Application(Platform platform_, QObject* parent)
     , textExport(state, main, store, platform.clock, prompter, storedPointsModel.lblAcquiredPoints)
     , spreadsheet(state, main, store, platform.clock, prompter)
     , files(state, store, prompter, platform.launcher, textExport, spreadsheet)
+    , controlTester(state, controlTesterModel, bar, irSystem, tempBarWindow)
+    , demo(state, main, platform.chart, bar, irSystem, tempBarWindow, prompter)
 {
     settings.steps.applyTempBar = [this](SettingsFile::Values&) { tempBarWindow.applySettings(); };
     acquisition.setStoredPoints(&storedPoints);

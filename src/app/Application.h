@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ControlTesterController.h"
+#include "ControlTesterModel.h"
 #include "DataFilesController.h"
+#include "DemoController.h"
 #include "MainController.h"
 #include "SettingsFileIO.h"
 #include "base/AppState.h"
@@ -96,6 +99,11 @@ public:
     TextExport textExport;
     SpreadsheetExport spreadsheet;
     DataFilesController files;
+
+    // The demo menu and the control tester.
+    ControlTesterModel controlTesterModel;
+    ControlTesterController controlTester;
+    DemoController demo;
 
 signals:
     // The port was opened for real-time sensing (true) or a download (false), or closed.

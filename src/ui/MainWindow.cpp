@@ -2,6 +2,7 @@
 
 #include "AboutDialog.h"
 #include "ChartMouse.h"
+#include "DemoWindowHost.h"
 #include "ModelBinder.h"
 #include "ProgramParametersDialog.h"
 #include "StoredPointsWindow.h"
@@ -34,6 +35,7 @@ MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
     styleReadout();
     binder_ = new ModelBinder(app_.main, *this);
     tempBarWindows_ = new TempBarWindowHost(app_, this);
+    demoWindows_ = new DemoWindowHost(app_, *this);
     bindCommands();
     bindChartCommands(chart);
     app_.setWindowHost(this);
@@ -96,6 +98,11 @@ void MainWindow::bindCommands()
     on("mnuTextStamp", [&a] { a.files.mnuTextStamp_Click(); });
     on("mnuNewAcquiredDataPoints", [&a] { a.files.mnuNewAcquiredDataPoints_Click(); });
     on("mnuDownloadedDataPoints", [&a] { a.files.mnuDownloadedDataPoints_Click(); });
+    // &DEMO CONTROLS
+    on("mnuTestFunction", [&a] { a.demo.mnuTestFunction_Click(); });
+    on("mnuSearchForIR", [&a] { a.demo.mnuSearchForIR_Click(); });
+    on("mnuControlTester", [&a] { a.demo.mnuControlTester_Click(); });
+    on("mnuSplash", [&a] { a.demo.mnuSplash_Click(); });
 }
 
 void MainWindow::bindChartCommands(QWidget* chart)

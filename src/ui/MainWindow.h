@@ -9,6 +9,7 @@
 #include <memory>
 
 class Application;
+class DemoWindowHost;
 class ModelBinder;
 class ProgramParametersDialog;
 class TempBarWindowHost;
@@ -27,6 +28,7 @@ public:
     StoredPointsWindow* storedPointsWindow() const { return storedPoints_; }
     SystemStatusWindow* systemStatusWindow() const { return systemStatus_; }
     TempBarWindowHost* tempBarWindows() const { return tempBarWindows_; }
+    DemoWindowHost* demoWindows() const { return demoWindows_; }
 
     // AcquisitionWindows
     void showStoredPointsWindow() override;
@@ -58,4 +60,5 @@ private:
     QPointer<StoredPointsWindow> storedPoints_;
     QPointer<SystemStatusWindow> systemStatus_;
     TempBarWindowHost* tempBarWindows_ = nullptr;
+    DemoWindowHost* demoWindows_ = nullptr;
 };

@@ -1,0 +1,149 @@
+#include "support/AppRig.h"
+#include "support/TestRegistry.h"
+
+#include "ui/ControlTesterDialog.h"
+#include "ui/DemoWindowHost.h"
+#include "ui/MainWindow.h"
+#include "ui/SplashWindow.h"
+#include "ui/SystemStatusWindow.h"
+#include "ui/TempBarWidget.h"
+#include "ui/TempBarWindow.h"
+#include "ui/TempBarWindowHost.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+#include <QTimer>
+
+// The demo menu on the real main window: the control tester beside the bar, and the splash.
+class TestDemoGui : public QObject {
+    Q_OBJECT
+
+    struct Fixture {
+        AppRig rig;
+        MainWindow window { rig.app(), nullptr };
+        Fixture()
+        {
+            rig.app().controller.Form_Load();
+            window.show();
+        }
+        void trigger(const char* name)
+        {
+            auto* action = window.findChild<QAction*>(QString::fromLatin1(name));
+            QVERIFY2(action, name);
+            action->trigger();
+            QCoreApplication::processEvents();
+        }
+    };
+
+    static QColor paintedAt(TempBarWidget& widget, double x, double y)
+    {
+        const QImage image = widget.grab().toImage();
+        const QPointF p = widget.toPixels(QPointF(x, y)) * image.devicePixelRatio();
+        return image.pixelColor(p.toPoint());
+    }
+    static bool near(const QColor& a, const QColor& b)
+    {
+        return std::abs(a.red() - b.red()) < 60 && std::abs(a.green() - b.green()) < 60
+            && std::abs(a.blue() - b.blue()) < 60;
+    }
+
+private slots:
+    void controlTesterFromTheMenuMovesTheBar()
+    {
+        Fixture f;
+        Application& app = f.rig.app();
+        const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
+        bool ran = false;
+        QColor before, green, cyan;
+        int topAt75 = 0;
+        QString title, reading;
+        bool besideTheBar = false;
+        bool statusShown = false;
+        QTimer::singleShot(0, [&] {
+            auto* tester = qobject_cast<ControlTesterDialog*>(QApplication::activeModalWidget());
+            if (!tester)
+                return;
+            ran = true;
+            title = tester->windowTitle();
+            TempBarWindow* barWindow = f.window.tempBarWindows()->window();
+            TempBarWidget* bar = barWindow->barWidget();
+            statusShown
+                = f.window.systemStatusWindow() && f.window.systemStatusWindow()->isVisible();
+            besideTheBar = !tester->frameGeometry().intersects(barWindow->frameGeometry());
+            before = paintedAt(*bar, column, 2000);
+
+            auto* slider = tester->findChild<QSlider*>("sldReading");
+            slider->setValue(75);
+            QCoreApplication::processEvents();
+            topAt75 = app.bar.indicatorTop();
+            reading = tester->findChild<QLabel*>("lblReading")->text();
+            green = paintedAt(*bar, column, 2000);
+
+            tester->findChild<QCheckBox*>("chkAlarmLimits")->click();
+            QCoreApplication::processEvents();
+            cyan = paintedAt(*bar, column, 2000);
+
+            tester->findChild<QPushButton*>("cmdScanForIrSystem")->click();
+            QCoreApplication::processEvents();
+            tester->findChild<QPushButton*>("cmdClose")->click();
+        });
+        QTimer::singleShot(5000, [] {
+            if (QWidget* modal = QApplication::activeModalWidget())
+                modal->close();
+        });
+        f.trigger("mnuControlTester");
+
+        QVERIFY(ran);
+        QCOMPARE(title, QStringLiteral("CONTROL TESTER"));
+        QVERIFY(statusShown);
+        QVERIFY(besideTheBar);
+        QVERIFY(f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+        QVERIFY(near(before, QColor(Qt::black)));
+        QCOMPARE(topAt75, TempBar::BarBottom - TempBar::FullHeight * 3 / 4);
+        QCOMPARE(reading, QStringLiteral("READING: 75"));
+        QVERIFY(near(green, QColor(Qt::green)));
+        QVERIFY(near(cyan, QColor(Qt::cyan)));
+        // Closed: the bar empty with its alarm colours back, the display idle.
+        QVERIFY(app.bar.IsAlarmOn());
+        QCOMPARE(app.bar.indicatorHeight(), 0);
+        QCOMPARE(app.irSystem.GetCurrentState(), qint16(IRSystem::Idle));
+        QCOMPARE(f.rig.port.openCount, 0);
+    }
+
+    void splashFromTheMenuStaysUntilClicked()
+    {
+        Fixture f;
+        f.trigger("mnuSplash");
+        QPointer<SplashWindow> splash = f.window.demoWindows()->splash();
+        QVERIFY(splash && splash->isVisible());
+        QVERIFY(splash->stayOpen());
+        for (int tick = 0; tick < SplashWindow::BlinkTicks + 3; ++tick)
+            splash->tmrBlink_Timer();
+        QVERIFY(splash->isVisible());
+        QTest::mouseClick(splash, Qt::LeftButton);
+        QVERIFY(!splash->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(splash.isNull());
+        QVERIFY(f.window.isVisible());
+    }
+
+    void searchForIrKeepsItsCheckMark()
+    {
+        Fixture f;
+        f.trigger("mnuSearchForIR");
+        auto* action = f.window.findChild<QAction*>("mnuSearchForIR");
+        QVERIFY(action->isChecked());
+        QCOMPARE(f.rig.prompter.titles(), QStringList { "READINGS ON THE CHART" });
+        f.trigger("mnuStop");
+        QVERIFY(!action->isChecked());
+    }
+};
+
+TALAVEX_TEST(TestDemoGui)
+#include "TestDemoGui.moc"
