@@ -70,6 +70,8 @@ int main(int argc, char** argv)
     qapp.exec();
     const double used = cpuSeconds() - before;
     const int readings = surface.pointCount(1) - 1;
+    // No offer to save the plot: there is nobody to answer it.
+    app.state.PlotSaved = true;
     app.acquisition.mnuStop_Click();
     instrument.kill();
     instrument.waitForFinished();
