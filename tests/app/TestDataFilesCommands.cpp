@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 #include "support/XlsxReader.h"
 
@@ -12,11 +13,7 @@
 #include <QTest>
 
 namespace {
-QByteArray readAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
+using testfiles::readAll;
 
 // The cells of one column, top to bottom.
 QStringList column(const QMap<QString, QString>& cells, QChar letter)

@@ -1,5 +1,6 @@
 #include "support/AppRig.h"
 #include "support/ReadOnlyDir.h"
+#include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
 #include <QDir>
@@ -9,6 +10,7 @@
 using Axis = ChartSurface::Axis;
 
 namespace {
+using testfiles::readAll;
 void writeBytes(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
@@ -21,11 +23,6 @@ QByteArray linesOf(const QStringList& lines)
     for (const QString& line : lines)
         bytes += line.toLatin1() + "\r\n";
     return bytes;
-}
-QByteArray readAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
 }
 QStringList factory()
 {

@@ -1,6 +1,7 @@
 #include "support/FakeClock.h"
 #include "support/FakePrompter.h"
 #include "support/ReadOnlyDir.h"
+#include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
 #include "base/AppState.h"
@@ -18,17 +19,8 @@
 #include <QTest>
 
 namespace {
-QByteArray readAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-void writeAll(const QString& path, const QByteArray& bytes)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
+using testfiles::readAll;
+using testfiles::writeAll;
 const QByteArray Header = "\tBRANDOK ENGINEERING Infrared Thermometer Data Logging\r\n"
                           "\tDate: (mm/dd/yy) 03/14/26  Time: 9:05:07 AM\r\n";
 

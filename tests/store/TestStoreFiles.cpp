@@ -1,5 +1,6 @@
 #include "support/FakeClock.h"
 #include "support/ReadOnlyDir.h"
+#include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
 #include "base/AppState.h"
@@ -15,17 +16,8 @@
 #include <QTest>
 
 namespace {
-QByteArray readAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-void writeAll(const QString& path, const QByteArray& bytes)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
+using testfiles::readAll;
+using testfiles::writeAll;
 } // namespace
 
 class TestStoreFiles : public QObject {

@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/BarPaint.h"
 #include "support/TestRegistry.h"
 
 #include "ui/ControlTesterDialog.h"
@@ -41,18 +42,6 @@ class TestDemoGui : public QObject {
         }
     };
 
-    static QColor paintedAt(TempBarWidget& widget, double x, double y)
-    {
-        const QImage image = widget.grab().toImage();
-        const QPointF p = widget.toPixels(QPointF(x, y)) * image.devicePixelRatio();
-        return image.pixelColor(p.toPoint());
-    }
-    static bool near(const QColor& a, const QColor& b)
-    {
-        return std::abs(a.red() - b.red()) < 60 && std::abs(a.green() - b.green()) < 60
-            && std::abs(a.blue() - b.blue()) < 60;
-    }
-
 private slots:
     void controlTesterFromTheMenuMovesTheBar()
     {
@@ -76,18 +65,18 @@ private slots:
             statusShown
                 = f.window.systemStatusWindow() && f.window.systemStatusWindow()->isVisible();
             besideTheBar = !tester->frameGeometry().intersects(barWindow->frameGeometry());
-            before = paintedAt(*bar, column, 2000);
+            before = barpaint::paintedAt(*bar, column, 2000);
 
             auto* slider = tester->findChild<QSlider*>("sldReading");
             slider->setValue(75);
             QCoreApplication::processEvents();
             topAt75 = app.bar.indicatorTop();
             reading = tester->findChild<QLabel*>("lblReading")->text();
-            green = paintedAt(*bar, column, 2000);
+            green = barpaint::paintedAt(*bar, column, 2000);
 
             tester->findChild<QCheckBox*>("chkAlarmLimits")->click();
             QCoreApplication::processEvents();
-            cyan = paintedAt(*bar, column, 2000);
+            cyan = barpaint::paintedAt(*bar, column, 2000);
 
             tester->findChild<QPushButton*>("cmdScanForIrSystem")->click();
             QCoreApplication::processEvents();
@@ -104,11 +93,11 @@ private slots:
         QVERIFY(statusShown);
         QVERIFY(besideTheBar);
         QVERIFY(f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
-        QVERIFY(near(before, QColor(Qt::black)));
+        QVERIFY(barpaint::near(before, QColor(Qt::black)));
         QCOMPARE(topAt75, TempBar::BarBottom - TempBar::FullHeight * 3 / 4);
         QCOMPARE(reading, QStringLiteral("READING: 75"));
-        QVERIFY(near(green, QColor(Qt::green)));
-        QVERIFY(near(cyan, QColor(Qt::cyan)));
+        QVERIFY(barpaint::near(green, QColor(Qt::green)));
+        QVERIFY(barpaint::near(cyan, QColor(Qt::cyan)));
         // Closed: the bar empty with its alarm colours back, the display idle.
         QVERIFY(app.bar.IsAlarmOn());
         QCOMPARE(app.bar.indicatorHeight(), 0);

@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/BarPaint.h"
 #include "support/TestRegistry.h"
 
 #include "ui/MainWindow.h"
@@ -39,19 +40,6 @@ class TestTempBarWindowGui : public QObject {
         TempBarWindow* barWindow() { return window.tempBarWindows()->window(); }
     };
 
-    // The colour painted at a point given in the bar's twips.
-    static QColor paintedAt(TempBarWidget& widget, double x, double y)
-    {
-        const QImage image = widget.grab().toImage();
-        const QPointF p = widget.toPixels(QPointF(x, y)) * image.devicePixelRatio();
-        return image.pixelColor(p.toPoint());
-    }
-    static bool near(const QColor& a, const QColor& b)
-    {
-        return std::abs(a.red() - b.red()) < 60 && std::abs(a.green() - b.green()) < 60
-            && std::abs(a.blue() - b.blue()) < 60;
-    }
-
 private slots:
     void menuOpensTheWindowAndReadingsMoveTheBar()
     {
@@ -70,12 +58,12 @@ private slots:
         QCoreApplication::processEvents();
         const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
         // 50 of 0..100: green up to the middle, the dark tube above it
-        QVERIFY(near(paintedAt(*widget, column, 3000), QColor(Qt::green)));
-        QVERIFY(near(paintedAt(*widget, column, 1500), QColor(Qt::black)));
+        QVERIFY(barpaint::near(barpaint::paintedAt(*widget, column, 3000), QColor(Qt::green)));
+        QVERIFY(barpaint::near(barpaint::paintedAt(*widget, column, 1500), QColor(Qt::black)));
 
         f.rig.feed("  95\x07");
         QCoreApplication::processEvents();
-        QVERIFY(near(paintedAt(*widget, column, 1500), QColor(Qt::red)));
+        QVERIFY(barpaint::near(barpaint::paintedAt(*widget, column, 1500), QColor(Qt::red)));
 
         // Closing by the title bar unticks the menu and stops the feed.
         bar->close();
@@ -156,7 +144,7 @@ private slots:
             qRound(
                 3600.0 * 1000 / (TempBar::MarkerLeft + TempBar::MarkerWidth - TempBar::LabelLeft)));
         const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
-        QVERIFY(near(paintedAt(widget, column, 600), QColor(Qt::red)));
+        QVERIFY(barpaint::near(barpaint::paintedAt(widget, column, 600), QColor(Qt::red)));
     }
 
     void configureRunsTheModalDialog()
