@@ -24,6 +24,8 @@ Application::Application(Platform platform_, QObject* parent)
     , tempBarWindow(state, main, bar)
     , tempBarSettings(
           state, bar, tempBarSettingsModel, prompter, [this] { chart.UpdateLimitLines(); })
+    , graphSettings(state, chart, main, graphSettingsModel, prompter,
+          [this] { controller.mnuClearChart_Click(); })
     , textExport(state, main, store, platform.clock, prompter, storedPointsModel.lblAcquiredPoints)
     , spreadsheet(state, main, store, platform.clock, prompter)
     , files(state, store, prompter, platform.launcher, textExport, spreadsheet)
@@ -104,6 +106,7 @@ TempBarDisplay* Application::tempBar() { return tempBarWindow.display(); }
 
 void Application::setChartSettingsInputsEnabled(bool enabled)
 {
+    graphSettings.SetInputsEnabled(enabled);
     if (host_)
         host_->setChartSettingsInputsEnabled(enabled);
 }

@@ -10,6 +10,8 @@
 #include "base/GuardedPrompter.h"
 #include "base/MainWindowModel.h"
 #include "chart/ChartCommands.h"
+#include "chart/GraphSettingsController.h"
+#include "chart/GraphSettingsModel.h"
 #include "chart/GraphingFunctions.h"
 #include "link/Acquisition.h"
 #include "link/AcquisitionWindows.h"
@@ -95,6 +97,9 @@ public:
     TempBarWindowController tempBarWindow;
     TempBarSettingsModel tempBarSettingsModel;
     TempBarSettingsController tempBarSettings;
+    // The graph settings panel.
+    GraphSettingsModel graphSettingsModel;
+    GraphSettingsController graphSettings;
     // Data files: text export, spreadsheets, the text editor, the text stamp.
     TextExport textExport;
     SpreadsheetExport spreadsheet;

@@ -90,6 +90,7 @@ void MainWindow::bindCommands()
     on("mnuSystemSetup", [this] { mnuSystemSetup_Click(); });
     on("mnuOnlineManual", [&a] { a.help.OpenOnlineManual(); });
     on("mnuAbout", [this] { mnuAbout_Click(); });
+    on("mnuChartParameters", [this] { mnuChartParameters_Click(); });
     binder_->onClicked(QStringLiteral("cmdExit"), [&a] { a.controller.Shutdown(); });
     // Data files
     on("mnuSaveFile", [&a] { a.files.mnuSaveFile_Click(); });
@@ -169,6 +170,15 @@ void MainWindow::mnuAbout_Click()
 {
     AboutDialog about(app_.help, this);
     about.exec();
+}
+
+void MainWindow::mnuChartParameters_Click()
+{
+    if (!graphSettings_)
+        graphSettings_ = new GraphSettingsDialog(app_.graphSettingsModel, app_.graphSettings, this);
+    graphSettings_->show();
+    graphSettings_->raise();
+    graphSettings_->activateWindow();
 }
 
 void MainWindow::mnuSystemSetup_Click()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GraphSettingsDialog.h"
 #include "StoredPointsWindow.h"
 #include "SystemStatusWindow.h"
 #include "link/AcquisitionWindows.h"
@@ -29,6 +30,7 @@ public:
     SystemStatusWindow* systemStatusWindow() const { return systemStatus_; }
     TempBarWindowHost* tempBarWindows() const { return tempBarWindows_; }
     DemoWindowHost* demoWindows() const { return demoWindows_; }
+    GraphSettingsDialog* graphSettingsWindow() const { return graphSettings_; }
 
     // AcquisitionWindows
     void showStoredPointsWindow() override;
@@ -43,6 +45,8 @@ public:
     void mnuViewSystemStatus_Click();
     void mnuSystemSetup_Click();
     void mnuAbout_Click();
+    // The graph settings panel, created on first use and shown beside the chart.
+    void mnuChartParameters_Click();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -58,6 +62,7 @@ private:
     std::unique_ptr<Ui::frmMain> ui_;
     ModelBinder* binder_ = nullptr;
     QPointer<StoredPointsWindow> storedPoints_;
+    QPointer<GraphSettingsDialog> graphSettings_;
     QPointer<SystemStatusWindow> systemStatus_;
     TempBarWindowHost* tempBarWindows_ = nullptr;
     DemoWindowHost* demoWindows_ = nullptr;
