@@ -31,7 +31,16 @@ Application::Application(Platform platform_, QObject* parent)
     , files(state, store, prompter, platform.launcher, textExport, spreadsheet)
     , controlTester(state, controlTesterModel, bar, irSystem, tempBarWindow)
     , demo(state, main, platform.chart, bar, irSystem, tempBarWindow, prompter)
+    , appearance(platform.chart, main)
+    , cursor(platform.chart, main, markerDataModel)
 {
+    // The appearance scheme of settings entry 18 follows the axes and titles.
+    settings.steps.applyChartAxes
+        = [this, axes = settings.steps.applyChartAxes](SettingsFile::Values& v) {
+              if (axes)
+                  axes(v);
+              appearance.ApplySettingsEntry(v[ChartAppearance::SettingsEntry]);
+          };
     settings.steps.applyTempBar = [this](SettingsFile::Values&) { tempBarWindow.applySettings(); };
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);

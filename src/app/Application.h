@@ -9,10 +9,13 @@
 #include "base/AppState.h"
 #include "base/GuardedPrompter.h"
 #include "base/MainWindowModel.h"
+#include "chart/ChartAppearance.h"
 #include "chart/ChartCommands.h"
+#include "chart/ChartCursor.h"
 #include "chart/GraphSettingsController.h"
 #include "chart/GraphSettingsModel.h"
 #include "chart/GraphingFunctions.h"
+#include "chart/MarkerDataModel.h"
 #include "link/Acquisition.h"
 #include "link/AcquisitionWindows.h"
 #include "link/IRSystem.h"
@@ -109,6 +112,12 @@ public:
     ControlTesterModel controlTesterModel;
     ControlTesterController controlTester;
     DemoController demo;
+
+    // The chart's colour schemes.
+    ChartAppearance appearance;
+    // The chart's cursor and its CURSOR DATA window.
+    MarkerDataModel markerDataModel;
+    ChartCursor cursor;
 
 signals:
     // The port was opened for real-time sensing (true) or a download (false), or closed.

@@ -48,6 +48,20 @@ public:
     virtual void setMarkerX(double x) = 0;
     // Data coordinates of a pixel position in the chart widget.
     virtual QPointF pixelToData(const QPointF& pixel) const = 0;
+
+    // The colour properties of the appearance schemes, as 0xRRGGBB.
+    enum class Color {
+        ChartBackground,
+        PlotBackground,
+        XAxisLine,
+        YAxisLine,
+        XGridLine,
+        YGridLine,
+        ReadingLine,
+    };
+    static constexpr int ColorCount = 7;
+    virtual qint64 color(Color which) const = 0;
+    virtual void setColor(Color which, qint64 rgb) = 0;
 };
 
 // Suspends redrawing for the lifetime of the guard.

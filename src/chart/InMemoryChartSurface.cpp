@@ -200,3 +200,11 @@ void InMemoryChartSurface::changed()
     else
         ++redrawCount_;
 }
+
+qint64 InMemoryChartSurface::color(Color which) const { return colors_.at(size_t(which)); }
+
+void InMemoryChartSurface::setColor(Color which, qint64 rgb)
+{
+    colors_.at(size_t(which)) = rgb;
+    changed();
+}

@@ -2,6 +2,7 @@
 
 #include "ChartSurface.h"
 
+#include <array>
 #include <vector>
 
 // A chart that only remembers: the series as plain vectors, the axes as numbers, and counters
@@ -50,6 +51,8 @@ public:
     void setMarkerVisible(bool visible) override;
     void setMarkerX(double x) override;
     QPointF pixelToData(const QPointF& pixel) const override;
+    qint64 color(Color which) const override;
+    void setColor(Color which, qint64 rgb) override;
 
     // What a test looks at.
     int batchDepth() const { return batchDepth_; }
@@ -90,4 +93,5 @@ private:
     int clipboardCopies_ = 0;
     bool markerVisible_ = false;
     double markerX_ = 0.0;
+    std::array<qint64, ColorCount> colors_ {};
 };

@@ -3,6 +3,7 @@
 #include "AboutDialog.h"
 #include "ChartMouse.h"
 #include "DemoWindowHost.h"
+#include "MarkerDataWindow.h"
 #include "ModelBinder.h"
 #include "ProgramParametersDialog.h"
 #include "StoredPointsWindow.h"
@@ -117,6 +118,10 @@ void MainWindow::bindChartCommands(QWidget* chart)
     on("mnuSavePlotToFile", [&c] { c.mnuSavePlotToFile_Click(); });
     on("mnuLoadPlotFile", [&c] { c.mnuLoadPlotFile_Click(); });
     binder_->onClicked(QStringLiteral("cmdResetChart"), [&c] { c.cmdResetChart_Click(); });
+    ChartAppearance& look = app_.appearance;
+    on("mnuStandardChart", [&look] { look.mnuStandardChart_Click(); });
+    on("mnuScopeChart", [&look] { look.mnuScopeChart_Click(); });
+    on("mnuPlainChart", [&look] { look.mnuPlainChart_Click(); });
     c.setBusyIndicator([](bool busy) {
         if (busy)
             QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -127,6 +132,16 @@ void MainWindow::bindChartCommands(QWidget* chart)
         [this](const QString& what) { statusBar()->showMessage(what, 10000); });
     if (auto* plot = qobject_cast<QCustomPlot*>(chart))
         new ChartMouse(*plot, c, this);
+
+    // The cursor: its button, its window, and the mouse over the chart.
+    ChartCursor& cursor = app_.cursor;
+    new MarkerDataWindowHost(app_.markerDataModel, cursor, this);
+    binder_->onClicked(QStringLiteral("cmdMarkers"), [&cursor] { cursor.cmdMarkers_Click(); });
+    if (auto* plot = qobject_cast<QCustomPlot*>(chart)) {
+        plot->setMouseTracking(true);
+        connect(plot, &QCustomPlot::mouseMove, this,
+            [&cursor](QMouseEvent* event) { cursor.TempChart_MouseMove(event->position()); });
+    }
 }
 
 void MainWindow::showStoredPointsWindow()

@@ -34,6 +34,9 @@ QCustomPlotSurface::QCustomPlotSurface(QCustomPlot& plot, QObject* parent)
     x_.axis->setLabel(QStringLiteral("SECONDS"));
     y_.axis->setLabel(QStringLiteral("TEMPERATURE"));
 
+    colors_[size_t(Color::ChartBackground)] = 0xFFFFFF;
+    colors_[size_t(Color::PlotBackground)] = 0xFFFFFF;
+    colors_[size_t(Color::ReadingLine)] = seriesPen(1).color().rgb() & 0xFFFFFF;
     marker_ = new QCPItemStraightLine(&plot_);
     marker_->setPen(QPen(Qt::black, 1, Qt::DotLine));
     marker_->point1->setCoords(0.0, 0.0);
@@ -98,7 +101,10 @@ void QCustomPlotSurface::setSeriesCount(int count)
     }
     while (seriesCount() < count) {
         QCPGraph* graph = plot_.addGraph(x_.axis, y_.axis);
-        graph->setPen(seriesPen(seriesCount() + 1));
+        QPen pen = seriesPen(seriesCount() + 1);
+        if (seriesCount() == 0)
+            pen.setColor(QColor::fromRgb(QRgb(colors_[size_t(Color::ReadingLine)])));
+        graph->setPen(pen);
         graph->setAdaptiveSampling(true);
         series_.push_back(std::make_unique<PlotSeries>(graph, emptyValue_));
     }
@@ -264,6 +270,53 @@ void QCustomPlotSurface::setMarkerX(double x)
 QPointF QCustomPlotSurface::pixelToData(const QPointF& pixel) const
 {
     return { x_.axis->pixelToCoord(pixel.x()), y_.axis->pixelToCoord(pixel.y()) };
+}
+
+qint64 QCustomPlotSurface::color(Color which) const { return colors_.at(size_t(which)); }
+
+void QCustomPlotSurface::setColor(Color which, qint64 rgb)
+{
+    colors_.at(size_t(which)) = rgb;
+    const QColor c = QColor::fromRgb(QRgb(rgb));
+    auto axisLine = [&c](QCPAxis* axis) {
+        for (auto setPen : { &QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen })
+            (axis->*setPen)(QPen(c, 0));
+        axis->setTickLabelColor(c);
+        axis->setLabelColor(c);
+    };
+    auto gridLine = [&c](QCPAxis* axis) {
+        QPen pen = axis->grid()->pen();
+        pen.setColor(c);
+        axis->grid()->setPen(pen);
+    };
+    switch (which) {
+    case Color::ChartBackground:
+        plot_.setBackground(QBrush(c));
+        break;
+    case Color::PlotBackground:
+        plot_.axisRect()->setBackground(QBrush(c));
+        break;
+    case Color::XAxisLine:
+        axisLine(x_.axis);
+        break;
+    case Color::YAxisLine:
+        axisLine(y_.axis);
+        break;
+    case Color::XGridLine:
+        gridLine(x_.axis);
+        break;
+    case Color::YGridLine:
+        gridLine(y_.axis);
+        break;
+    case Color::ReadingLine:
+        if (QCPGraph* g = graph(1)) {
+            QPen pen = g->pen();
+            pen.setColor(c);
+            g->setPen(pen);
+        }
+        break;
+    }
+    changed();
 }
 
 qint64 QCustomPlotSurface::reservedBytes(int series) const

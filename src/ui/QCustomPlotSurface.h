@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QSharedPointer>
 #include <QTimer>
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -71,6 +72,9 @@ public:
     void setMarkerVisible(bool visible) override;
     void setMarkerX(double x) override;
     QPointF pixelToData(const QPointF& pixel) const override;
+    // The axis lines colour their ticks, labels and title too, so a dark scheme stays readable.
+    qint64 color(Color which) const override;
+    void setColor(Color which, qint64 rgb) override;
 
     QCustomPlot& plot() const { return plot_; }
     // The graph of a series (1-based), null when there is no such series.
@@ -111,4 +115,5 @@ private:
     int batchDepth_ = 0;
     bool pending_ = false;
     bool showingRange_ = false;
+    std::array<qint64, ColorCount> colors_ {};
 };
