@@ -1,5 +1,6 @@
 #include "GraphSettingsDialog.h"
 
+#include "DialogSync.h"
 #include "ModelBinder.h"
 #include "chart/GraphSettingsController.h"
 #include "chart/GraphSettingsModel.h"
@@ -122,23 +123,15 @@ void GraphSettingsDialog::render()
     ui_->chkDispLimits->setChecked(model_.chkDispLimits.checked());
     if (ui_->comTimeUnits->currentIndex() != model_.timeUnitIndex())
         ui_->comTimeUnits->setCurrentIndex(model_.timeUnitIndex());
-    const std::pair<QLineEdit*, const Control*> boxes[] = {
+    DialogSync::showTexts({
         { ui_->txtMinX, &model_.txtMinX },
         { ui_->txtMaxX, &model_.txtMaxX },
         { ui_->txtMinY, &model_.txtMinY },
         { ui_->txtMaxY, &model_.txtMaxY },
         { ui_->txtYTitle, &model_.txtYTitle },
-    };
-    for (const auto& [edit, control] : boxes) {
-        if (edit->text() != control->caption())
-            edit->setText(control->caption());
-    }
+    });
     if (model_.focusRequests() != focusRequestsShown_) {
         focusRequestsShown_ = model_.focusRequests();
-        if (auto* target = findChild<QWidget*>(model_.focus())) {
-            target->setFocus(Qt::OtherFocusReason);
-            if (auto* edit = qobject_cast<QLineEdit*>(target))
-                edit->selectAll();
-        }
+        DialogSync::moveFocus(*this, model_.focus());
     }
 }

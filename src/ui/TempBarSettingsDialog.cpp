@@ -1,5 +1,6 @@
 #include "TempBarSettingsDialog.h"
 
+#include "DialogSync.h"
 #include "ModelBinder.h"
 #include "tempbar/TempBarSettingsController.h"
 #include "tempbar/TempBarSettingsModel.h"
@@ -89,22 +90,14 @@ void TempBarSettingsDialog::render()
         frame->setTitle(model_.control(frame->objectName())->caption());
     ui_->chkEnableAlarms->setChecked(model_.chkEnableAlarms.checked());
     ui_->chkAudibleAlarms->setChecked(model_.chkAudibleAlarms.checked());
-    const std::pair<QLineEdit*, const Control*> boxes[] = {
+    DialogSync::showTexts({
         { ui_->txtMaxTemp, &model_.txtMaxTemp },
         { ui_->txtMinTemp, &model_.txtMinTemp },
         { ui_->txtHighLimit, &model_.txtHighLimit },
         { ui_->txtLowLimit, &model_.txtLowLimit },
-    };
-    for (const auto& [edit, control] : boxes) {
-        if (edit->text() != control->caption())
-            edit->setText(control->caption());
-    }
+    });
     if (model_.focusRequests() != focusRequestsShown_) {
         focusRequestsShown_ = model_.focusRequests();
-        if (auto* target = findChild<QWidget*>(model_.focus())) {
-            target->setFocus(Qt::OtherFocusReason);
-            if (auto* edit = qobject_cast<QLineEdit*>(target))
-                edit->selectAll();
-        }
+        DialogSync::moveFocus(*this, model_.focus());
     }
 }
