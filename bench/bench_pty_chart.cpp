@@ -9,6 +9,7 @@
 #include "base/Clock.h"
 #include "link/PortMap.h"
 #include "link/sim/InstrumentSimulator.h"
+#include "ui/ChartPlot.h"
 #include "ui/LinuxSystemInfo.h"
 #include "ui/MainWindow.h"
 #include "ui/QCustomPlotSurface.h"
@@ -104,7 +105,7 @@ struct Program {
     QtBeeper beeper;
     QtLauncher launcher;
     LinuxSystemInfo systemInfo;
-    QCustomPlot* plot = new QCustomPlot;
+    QCustomPlot* plot = new ChartPlot;
     QCustomPlotSurface surface { *plot };
     Application app { Platform {
         prompter, clock, beeper, launcher, systemInfo, port, surface, portMap } };

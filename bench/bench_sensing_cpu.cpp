@@ -3,6 +3,7 @@
 #include "app/Application.h"
 #include "base/Clock.h"
 #include "link/PortMap.h"
+#include "ui/ChartPlot.h"
 #include "ui/LinuxSystemInfo.h"
 #include "ui/MainWindow.h"
 #include "ui/QCustomPlotSurface.h"
@@ -55,7 +56,7 @@ int main(int argc, char** argv)
     QtBeeper beeper;
     QtLauncher launcher;
     LinuxSystemInfo systemInfo;
-    auto* plot = new QCustomPlot;
+    auto* plot = new ChartPlot;
     QCustomPlotSurface surface(*plot);
     Application app(
         Platform { prompter, clock, beeper, launcher, systemInfo, port, surface, portMap });

@@ -4,6 +4,7 @@
 #include "base/Clock.h"
 #include "link/PortMap.h"
 #include "link/sim/SimulatedInstrument.h"
+#include "ui/ChartPlot.h"
 #include "ui/LinuxSystemInfo.h"
 #include "ui/Logo.h"
 #include "ui/MainWindow.h"
@@ -107,7 +108,7 @@ int main(int argc, char** argv)
     QtBeeper beeper;
     QtLauncher launcher;
     LinuxSystemInfo systemInfo;
-    auto* plot = new QCustomPlot;
+    auto* plot = new ChartPlot;
     QCustomPlotSurface surface(*plot);
 
     Platform platform { prompter, clock, beeper, launcher, systemInfo, port, surface, portMap };

@@ -1,6 +1,7 @@
 #include "ViewModel.h"
 
 #include <QMetaObject>
+#include <utility>
 
 Control::Control(ViewModel* owner, QString name, QString caption)
     : owner_(owner)
@@ -15,7 +16,7 @@ void Control::setCaption(const QString& caption)
     if (caption_ == caption)
         return;
     caption_ = caption;
-    owner_->markDirty();
+    owner_->markDirty(this);
 }
 
 void Control::setChecked(bool checked)
@@ -23,7 +24,7 @@ void Control::setChecked(bool checked)
     if (checked_ == checked)
         return;
     checked_ = checked;
-    owner_->markDirty();
+    owner_->markDirty(this);
 }
 
 void Control::setEnabled(bool enabled)
@@ -31,7 +32,7 @@ void Control::setEnabled(bool enabled)
     if (enabled_ == enabled)
         return;
     enabled_ = enabled;
-    owner_->markDirty();
+    owner_->markDirty(this);
 }
 
 void Control::setVisible(bool visible)
@@ -39,7 +40,7 @@ void Control::setVisible(bool visible)
     if (visible_ == visible)
         return;
     visible_ = visible;
-    owner_->markDirty();
+    owner_->markDirty(this);
 }
 
 void Control::setForeColor(qint64 rgb)
@@ -47,7 +48,7 @@ void Control::setForeColor(qint64 rgb)
     if (foreColor_ == rgb)
         return;
     foreColor_ = rgb;
-    owner_->markDirty();
+    owner_->markDirty(this);
 }
 
 void Control::setBackColor(qint64 rgb)
@@ -55,7 +56,7 @@ void Control::setBackColor(qint64 rgb)
     if (backColor_ == rgb)
         return;
     backColor_ = rgb;
-    owner_->markDirty();
+    owner_->markDirty(this);
 }
 
 ViewModel::ViewModel(QObject* parent)
@@ -72,8 +73,14 @@ Control* ViewModel::control(const QString& name) const
     return nullptr;
 }
 
-void ViewModel::markDirty()
+void ViewModel::markDirty(Control* control)
 {
+    if (control == nullptr)
+        allChanged_ = true;
+    else if (!control->listed_) {
+        control->listed_ = true;
+        dirty_.push_back(control);
+    }
     if (pending_)
         return;
     pending_ = true;
@@ -83,5 +90,15 @@ void ViewModel::markDirty()
 void ViewModel::flush()
 {
     pending_ = false;
+    // Listeners read the list while `changed` runs; a change they make goes to the next pass.
+    std::vector<Control*> changedNow;
+    changedNow.swap(dirty_);
+    for (Control* c : changedNow)
+        c->listed_ = false;
+    const bool allNow = std::exchange(allChanged_, false);
+    changedControls_ = &changedNow;
+    everythingChanged_ = allNow;
     emit changed();
+    changedControls_ = nullptr;
+    everythingChanged_ = false;
 }

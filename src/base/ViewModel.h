@@ -43,7 +43,9 @@ public:
     void setBackColor(qint64 rgb);
 
 private:
+    friend class ViewModel;
     ViewModel* owner_;
+    bool listed_ = false;
     QString name_;
     QString caption_;
     bool checked_ = false;
@@ -62,7 +64,16 @@ public:
 
     const std::vector<Control*>& controls() const { return controls_; }
     Control* control(const QString& name) const;
-    void markDirty();
+    // Asks for a `changed` signal; a control passed in is listed among the changed ones, none
+    // means anything may have changed (a model's own state outside its controls, say).
+    void markDirty(Control* control = nullptr);
+    // While `changed` runs: the controls changed since the last signal, in order of change, and
+    // whether something beyond them changed as well. Outside the signal: empty and false.
+    const std::vector<Control*>& changedControls() const
+    {
+        return changedControls_ ? *changedControls_ : noControls_;
+    }
+    bool everythingChanged() const { return everythingChanged_; }
 
 signals:
     void changed();
@@ -74,5 +85,10 @@ protected:
 private:
     void flush();
     std::vector<Control*> controls_;
+    std::vector<Control*> dirty_;
+    const std::vector<Control*>* changedControls_ = nullptr;
+    const std::vector<Control*> noControls_;
     bool pending_ = false;
+    bool allChanged_ = false;
+    bool everythingChanged_ = false;
 };

@@ -2,6 +2,8 @@
 
 #include "base/Numbers.h"
 
+#include <cstdio>
+
 bool LiveLog::open(const QString& path, const QDateTime& start)
 {
     close();
@@ -17,8 +19,15 @@ QString LiveLog::Line(const QDateTime& start, const QDateTime& now, double readi
 {
     // Tenths of a second are as fine as the instrument's own clock.
     const double elapsed = Numbers::RoundHalfEven(double(start.msecsTo(now)) / 100.0) / 10.0;
-    return now.toString(QStringLiteral("yyyy-MM-dd,HH:mm:ss,")) + Numbers::NumberText(elapsed)
-        + QLatin1Char(',') + Numbers::NumberText(reading);
+    // Written out by hand: a line goes to disk for every reading, and the general date format
+    // costs more than the rest of the reading's path.
+    const QDate date = now.date();
+    const QTime time = now.time();
+    char stamp[40];
+    std::snprintf(stamp, sizeof stamp, "%04d-%02d-%02d,%02d:%02d:%02d,", date.year(), date.month(),
+        date.day(), time.hour(), time.minute(), time.second());
+    return QLatin1String(stamp) + Numbers::NumberText(elapsed) + QLatin1Char(',')
+        + Numbers::NumberText(reading);
 }
 
 void LiveLog::writeReading(const QDateTime& now, double reading)

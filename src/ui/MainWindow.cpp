@@ -6,6 +6,7 @@
 #include "MarkerDataWindow.h"
 #include "ModelBinder.h"
 #include "ProgramParametersDialog.h"
+#include "QCustomPlotSurface.h"
 #include "StoredPointsWindow.h"
 #include "SystemStatusWindow.h"
 #include "TempBarWindowHost.h"
@@ -14,7 +15,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFontMetrics>
 #include <QStatusBar>
+#include <algorithm>
 #include <qcustomplot.h>
 
 MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
@@ -35,6 +38,9 @@ MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
     }
     styleReadout();
     binder_ = new ModelBinder(app_.main, *this);
+    // The current reading is shown as often as the chart is drawn while readings stream in.
+    binder_->throttle({ QStringLiteral("lblCurrentTemp"), QStringLiteral("lblStatCurrentTemp") },
+        QCustomPlotSurface::LiveMs);
     tempBarWindows_ = new TempBarWindowHost(app_, this);
     demoWindows_ = new DemoWindowHost(app_, *this);
     bindCommands();
@@ -56,6 +62,14 @@ void MainWindow::styleReadout()
     big.setPointSize(28);
     big.setBold(true);
     ui_->lblCurrentTemp->setFont(big);
+    // A fixed size for the widest reading: a new value repaints the label alone instead of
+    // laying the window out again, which matters at dozens of readings a second.
+    const QFontMetrics metrics(big);
+    ui_->lblCurrentTemp->setFixedSize(std::max(metrics.horizontalAdvance(QStringLiteral("-32768"))
+                                              + 2 * metrics.averageCharWidth(),
+                                          ui_->lblCurrentTemp->minimumWidth()),
+        std::max(metrics.height() + metrics.descent(), ui_->lblCurrentTemp->minimumHeight()));
+    ui_->currentTempLayout->setAlignment(ui_->lblCurrentTemp, Qt::AlignHCenter);
     const QString panel = QStringLiteral("background-color: #101010;");
     ui_->fraCurrentTemp->setStyleSheet(
         QStringLiteral("#fraCurrentTemp { background-color: #101010; }"));

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QWidget>
+#include <algorithm>
 
 namespace {
 QString cssColor(qint64 rgb) { return QColor::fromRgb(QRgb(rgb)).name(); }
@@ -38,10 +39,12 @@ ModelBinder::ModelBinder(ViewModel& model, QWidget& root)
             target = action;
         else
             target = root.findChild<QWidget*>(control->name());
-        if (target)
+        if (target) {
+            index_.emplace(control, bindings_.size());
             bindings_.push_back({ control, target });
+        }
     }
-    connect(&model, &ViewModel::changed, this, &ModelBinder::render);
+    connect(&model, &ViewModel::changed, this, &ModelBinder::renderChanged);
     render();
 }
 
@@ -74,6 +77,54 @@ void ModelBinder::render()
 {
     for (const Binding& b : bindings_)
         apply(b);
+}
+
+// Readings change a label or two many times a second: only what changed is shown again.
+void ModelBinder::renderChanged()
+{
+    if (model_.everythingChanged()) {
+        render();
+        return;
+    }
+    for (const Control* c : model_.changedControls()) {
+        const auto found = index_.find(c);
+        if (found == index_.end())
+            continue;
+        const Binding& b = bindings_[found->second];
+        if (!b.throttled) {
+            apply(b);
+            continue;
+        }
+        if (std::find(held_.begin(), held_.end(), found->second) == held_.end())
+            held_.push_back(found->second);
+    }
+    if (held_.empty() || throttleGate_.isActive())
+        return;
+    const qint64 wait = sinceThrottled_.isValid()
+        ? throttleGate_.interval() - sinceThrottled_.elapsed()
+        : qint64(0);
+    if (wait > 0)
+        throttleGate_.start(int(wait));
+    else
+        showHeld();
+}
+
+void ModelBinder::throttle(const QStringList& names, int ms)
+{
+    for (Binding& b : bindings_)
+        if (names.contains(b.control->name()))
+            b.throttled = true;
+    throttleGate_.setSingleShot(true);
+    throttleGate_.setInterval(ms);
+    connect(&throttleGate_, &QTimer::timeout, this, &ModelBinder::showHeld, Qt::UniqueConnection);
+}
+
+void ModelBinder::showHeld()
+{
+    for (std::size_t i : held_)
+        apply(bindings_[i]);
+    held_.clear();
+    sinceThrottled_.start();
 }
 
 void ModelBinder::apply(const Binding& b)

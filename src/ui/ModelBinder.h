@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
+#include <QTimer>
 #include <functional>
+#include <unordered_map>
 #include <vector>
 
 class Control;
@@ -11,7 +15,8 @@ class QWidget;
 class ViewModel;
 
 // Shows a window's model on its widgets: every control of the model is matched by objectName
-// with the action, menu or widget of the same name, and re-rendered whenever the model changes.
+// with the action, menu or widget of the same name. A change of the model shows the controls that
+// changed again; a handler run through the binder shows them all.
 class ModelBinder : public QObject {
     Q_OBJECT
 public:
@@ -23,15 +28,26 @@ public:
     // Runs `handler` when the button named `name` is clicked.
     void onClicked(const QString& name, std::function<void()> handler);
     void render();
+    // Shows changes of the named controls at most once every `ms`: the first change after a
+    // quiet spell at once, later ones together with the newest state when the time is up. For a
+    // read-out that may change dozens of times a second, faster than anyone can read.
+    void throttle(const QStringList& names, int ms);
 
 private:
     struct Binding {
         Control* control;
         QPointer<QObject> target;
+        bool throttled = false;
     };
     void apply(const Binding& binding);
+    void renderChanged();
 
     ViewModel& model_;
     QWidget& root_;
     std::vector<Binding> bindings_;
+    std::unordered_map<const Control*, std::size_t> index_;
+    QTimer throttleGate_;
+    QElapsedTimer sinceThrottled_;
+    std::vector<std::size_t> held_;
+    void showHeld();
 };

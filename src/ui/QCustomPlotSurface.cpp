@@ -44,10 +44,9 @@ QCustomPlotSurface::QCustomPlotSurface(QCustomPlot& plot, QObject* parent)
     marker_->setVisible(false);
 
     gate_.setSingleShot(true);
-    gate_.setInterval(FrameMs);
     connect(&gate_, &QTimer::timeout, this, [this] {
-        if (pending_ && batchDepth_ == 0)
-            scheduleReplot();
+        if (batchDepth_ == 0)
+            replotWhenDue();
     });
     // Series in the general model are re-sorted into their graphs just before each replot,
     // whoever asked for it (a resize, say).
@@ -123,7 +122,7 @@ void QCustomPlotSurface::setPointCount(int series, int count)
     if (!s || count < 0 || count == s->count())
         return;
     s->setCount(count);
-    changed();
+    changed(Change::Points);
 }
 
 double QCustomPlotSurface::x(int series, int point) const
@@ -142,7 +141,7 @@ void QCustomPlotSurface::setX(int series, int point, double value)
 {
     if (PlotSeries* s = find(series)) {
         s->setX(point, value);
-        changed();
+        changed(Change::Points);
     }
 }
 
@@ -150,7 +149,7 @@ void QCustomPlotSurface::setY(int series, int point, double value)
 {
     if (PlotSeries* s = find(series)) {
         s->setY(point, value);
-        changed();
+        changed(Change::Points);
     }
 }
 
@@ -189,6 +188,8 @@ double QCustomPlotSurface::axisMax(Axis axis) const { return state(axis).max; }
 void QCustomPlotSurface::setAxisMin(Axis axis, double value)
 {
     AxisState& s = state(axis);
+    if (s.min == value)
+        return;
     s.min = value;
     showRange(s);
 }
@@ -196,6 +197,8 @@ void QCustomPlotSurface::setAxisMin(Axis axis, double value)
 void QCustomPlotSurface::setAxisMax(Axis axis, double value)
 {
     AxisState& s = state(axis);
+    if (s.max == value)
+        return;
     s.max = value;
     showRange(s);
 }
@@ -216,6 +219,8 @@ QString QCustomPlotSurface::axisTitle(Axis axis) const { return state(axis).axis
 
 void QCustomPlotSurface::setAxisTitle(Axis axis, const QString& title)
 {
+    if (state(axis).axis->label() == title)
+        return;
     state(axis).axis->setLabel(title);
     changed();
 }
@@ -241,8 +246,8 @@ void QCustomPlotSurface::endBatch()
 {
     if (batchDepth_ == 0)
         return;
-    if (--batchDepth_ == 0 && pending_)
-        scheduleReplot();
+    if (--batchDepth_ == 0)
+        replotWhenDue();
 }
 
 void QCustomPlotSurface::redraw() { changed(); }
@@ -331,23 +336,38 @@ bool QCustomPlotSurface::seriesInOrder(int series) const
     return s && s->inOrder();
 }
 
-void QCustomPlotSurface::changed()
+void QCustomPlotSurface::changed(Change change)
 {
-    if (batchDepth_ > 0 || gate_.isActive())
-        pending_ = true;
-    else
-        scheduleReplot();
+    pending_ = true;
+    if (change == Change::View)
+        viewPending_ = true;
+    if (batchDepth_ == 0)
+        replotWhenDue();
 }
 
-void QCustomPlotSurface::scheduleReplot()
+int QCustomPlotSurface::msUntilRedraw() const
 {
-    if (gate_.isActive()) {
-        pending_ = true;
+    if (!pending_)
+        return -1;
+    return gate_.isActive() ? std::max(gate_.remainingTime(), 0) : 0;
+}
+
+void QCustomPlotSurface::replotWhenDue()
+{
+    if (!pending_)
+        return;
+    const int spacing = viewPending_ ? FrameMs : LiveMs;
+    const qint64 wait = sinceReplot_.isValid() ? spacing - sinceReplot_.elapsed() : qint64(0);
+    if (wait > 0) {
+        if (!gate_.isActive() || gate_.remainingTime() > wait)
+            gate_.start(int(wait));
         return;
     }
+    gate_.stop();
     pending_ = false;
+    viewPending_ = false;
     plot_.replot(QCustomPlot::rpQueuedReplot);
-    gate_.start();
+    sinceReplot_.start();
 }
 
 void QCustomPlotSurface::syncSeries()

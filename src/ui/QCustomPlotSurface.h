@@ -2,6 +2,7 @@
 
 #include "chart/ChartSurface.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QSharedPointer>
 #include <QTimer>
@@ -21,8 +22,13 @@ class QCustomPlot;
 // vertical line.
 //
 // Redrawing: every change asks for a queued replot, but a batch holds the request until its
-// outermost bracket closes, and a frame gate lets at most one replot through every FrameMs
-// however fast readings come; changes made meanwhile are drawn by the next one.
+// outermost bracket closes, and a gate spaces the replots: a change of the view (axes, titles,
+// colours, the cursor's marker) is drawn within FrameMs of the last replot, so the mouse feels
+// direct, while new points alone wait until LiveMs have passed since it. A reading after a quiet
+// spell is drawn at once; a stream of them is drawn LiveMs apart however fast it comes, which
+// keeps a fast instrument from spending the processor on pictures no eye can follow. Changes
+// made meanwhile are drawn by the next replot.
+
 //
 // The axis limits are kept as set (a minimum above the maximum included) and shown as the
 // ordered range; a zero-width range is kept but not shown. The X axis time format is held as a
@@ -34,6 +40,7 @@ class QCustomPlotSurface : public QObject, public ChartSurface {
     Q_OBJECT
 public:
     static constexpr int FrameMs = 16;
+    static constexpr int LiveMs = 250;
 
     // Three empty series, titles "SECONDS" and "TEMPERATURE", time format "%H:%M:%S",
     // empty-point value 999999999, marker hidden; the plot's axis ranges stand.
@@ -82,6 +89,9 @@ public:
     QCPItemStraightLine* marker() const { return marker_; }
     // True while a change waits for its batch to close or for the frame gate.
     bool redrawPending() const { return pending_; }
+    // Milliseconds until the waiting change is drawn: 0 when its replot is asked for at the
+    // next pass of the event loop, -1 when nothing waits.
+    int msUntilRedraw() const;
     // Bytes held for a series' drawable points.
     qint64 reservedBytes(int series) const;
     // True while the series keeps its fast, in-order layout.
@@ -100,8 +110,9 @@ private:
     const AxisState& state(Axis axis) const { return axis == Axis::X ? x_ : y_; }
     void setUpAxis(AxisState& state, QCPAxis* axis);
     void showRange(AxisState& state);
-    void changed();
-    void scheduleReplot();
+    enum class Change { Points, View };
+    void changed(Change change = Change::View);
+    void replotWhenDue();
     void syncSeries();
 
     QCustomPlot& plot_;
@@ -112,8 +123,10 @@ private:
     double emptyValue_ = 999999999.0;
     QCPItemStraightLine* marker_ = nullptr;
     QTimer gate_;
+    QElapsedTimer sinceReplot_;
     int batchDepth_ = 0;
     bool pending_ = false;
+    bool viewPending_ = false;
     bool showingRange_ = false;
     std::array<qint64, ColorCount> colors_ {};
 };

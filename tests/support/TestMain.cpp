@@ -15,9 +15,13 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     app.setAttribute(Qt::AA_Use96Dpi, true);
+    // TALAVEX_TEST_CLASS=TestChartSurface runs one class of the program (with its own options).
+    const QByteArray only = qgetenv("TALAVEX_TEST_CLASS");
     int failed = 0;
     for (const auto& factory : testsupport::registeredTests()) {
         auto test = factory();
+        if (!only.isEmpty() && only != test->metaObject()->className())
+            continue;
         failed += QTest::qExec(test.get(), argc, argv);
     }
     return failed == 0 ? 0 : 1;

@@ -4,6 +4,7 @@
 #include "base/MainWindowModel.h"
 #include "chart/GraphingFunctions.h"
 #include "chart/InMemoryChartSurface.h"
+#include "ui/ChartPlot.h"
 #include "ui/QCustomPlotSurface.h"
 
 #include <QApplication>
@@ -18,7 +19,7 @@ namespace {
 using Axis = ChartSurface::Axis;
 
 struct PlotRig {
-    QCustomPlot plot;
+    ChartPlot plot;
     QCustomPlotSurface surface { plot };
     PlotRig() { plot.resize(800, 600); }
     // Redraws now, which also brings series in the general model into their graphs.
@@ -222,6 +223,75 @@ private slots:
         QTRY_VERIFY(!rig.surface.redrawPending());
         QVERIFY2(replots.count() <= 2, qPrintable(QString::number(replots.count())));
         QCOMPARE(rig.surface.graph(1)->data()->size(), 2000);
+    }
+
+    // Points alone wait for the live spacing after a replot; a change of the view does not, and
+    // a reading after a quiet spell is drawn straight away.
+    void liveSpacing()
+    {
+        PlotRig rig;
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        QTest::qWait(QCustomPlotSurface::LiveMs + 50);
+        rig.surface.setPointCount(1, 3);
+        QCOMPARE(rig.surface.msUntilRedraw(), -1); // asked for at once
+
+        int pointsWait = -2;
+        int viewWait = -2;
+        QMetaObject::Connection once;
+        once = connect(&rig.plot, &QCustomPlot::afterReplot, this, [&] {
+            disconnect(once);
+            rig.surface.setY(1, 1, 5);
+            pointsWait = rig.surface.msUntilRedraw();
+            rig.surface.setAxisMax(Axis::Y, 200);
+            viewWait = rig.surface.msUntilRedraw();
+        });
+        QTRY_VERIFY(viewWait != -2);
+        QVERIFY2(pointsWait > QCustomPlotSurface::FrameMs, qPrintable(QString::number(pointsWait)));
+        QVERIFY2(viewWait <= QCustomPlotSurface::FrameMs, qPrintable(QString::number(viewWait)));
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        QCOMPARE(rig.plot.yAxis->range().upper, 200.0);
+    }
+
+    // The plot paints its background itself and copies its buffer; a brush it cannot copy that
+    // way is painted as usual. Either way the readings are on the screen.
+    void paintsBackgroundAndReadings_data()
+    {
+        QTest::addColumn<QColor>("background");
+        QTest::addColumn<bool>("opaque");
+        QTest::newRow("white") << QColor(Qt::white) << true;
+        QTest::newRow("black") << QColor(Qt::black) << true;
+        QTest::newRow("see-through") << QColor(0, 0, 255, 128) << false;
+    }
+    void paintsBackgroundAndReadings()
+    {
+        QFETCH(QColor, background);
+        QFETCH(bool, opaque);
+        PlotRig rig;
+        rig.surface.setColor(ChartSurface::Color::ReadingLine, 0xFF0000);
+        rig.plot.setBackground(QBrush(background));
+        rig.surface.setAxisMin(Axis::X, 0);
+        rig.surface.setAxisMax(Axis::X, 10);
+        rig.surface.setAxisMin(Axis::Y, 0);
+        rig.surface.setAxisMax(Axis::Y, 10);
+        rig.surface.setPointCount(1, 2);
+        rig.surface.setX(1, 1, 0);
+        rig.surface.setY(1, 1, 5);
+        rig.surface.setX(1, 2, 10);
+        rig.surface.setY(1, 2, 5);
+        rig.draw();
+        QCOMPARE(rig.plot.paintsOpaque(), opaque);
+
+        const QImage shot = rig.plot.grab().toImage();
+        if (opaque)
+            QCOMPARE(shot.pixelColor(2, 2), background);
+        const int lineY = int(rig.plot.yAxis->coordToPixel(5));
+        const int midX = int(rig.plot.xAxis->coordToPixel(5));
+        bool red = false;
+        for (int dy = -1; dy <= 1; ++dy) {
+            const QColor c = shot.pixelColor(midX, lineY + dy);
+            red = red || (c.red() > 200 && c.green() < 80 && c.blue() < 80);
+        }
+        QVERIFY(red);
     }
 
     void labels_data()

@@ -122,7 +122,7 @@ private slots:
         f.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  90\x07");
         QCoreApplication::processEvents();
         auto* reading = f.window.findChild<QLabel*>("lblCurrentTemp");
-        QCOMPARE(reading->text(), QStringLiteral("90"));
+        QTRY_COMPARE(reading->text(), QStringLiteral("90"));
         QVERIFY(reading->styleSheet().contains(QStringLiteral("#ff0000")));
         QCOMPARE(f.window.findChild<QLabel*>("lblSystParameters_2")->text(), QStringLiteral("1"));
         // The same command again stops: the check mark goes, the menus come back.
