@@ -267,31 +267,39 @@ private slots:
         QCOMPARE(QtPrompter::nameFilters(filter), expected);
     }
 
-    void saveFileName_data()
+    void fileChooser_data()
     {
+        QTest::addColumn<bool>("save");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("accept");
         QTest::addColumn<QString>("expected"); // relative to the directory; empty: nothing chosen
-        QTest::newRow("extension added") << "RUN 1" << true << "RUN 1.txt";
-        QTest::newRow("extension kept") << "RUN.txt" << true << "RUN.txt";
-        QTest::newRow("other extension kept") << "RUN.dat" << true << "RUN.dat";
-        QTest::newRow("cancelled") << "RUN" << false << "";
+        QTest::newRow("save: extension added") << true << "RUN 1" << true << "RUN 1.txt";
+        QTest::newRow("save: extension kept") << true << "RUN.txt" << true << "RUN.txt";
+        QTest::newRow("save: other extension kept") << true << "RUN.dat" << true << "RUN.dat";
+        QTest::newRow("save: cancelled") << true << "RUN" << false << "";
+        QTest::newRow("open: an existing file") << false << "OLD RUN.txt" << true << "OLD RUN.txt";
     }
-    void saveFileName()
+    void fileChooser()
     {
+        QFETCH(bool, save);
         QFETCH(QString, typed);
         QFETCH(bool, accept);
         QFETCH(QString, expected);
         QTemporaryDir dir;
+        QFile existing(QDir(dir.path()).filePath(QStringLiteral("OLD RUN.txt")));
+        QVERIFY(existing.open(QIODevice::WriteOnly));
+        existing.close();
         QString seenTitle, seenDirectory;
         QStringList seenFilters;
-        bool saving = false;
+        bool modeRight = false;
         bool nonNative = false;
         ModalDriver<QFileDialog> driver([&](QFileDialog* dialog) {
             seenTitle = dialog->windowTitle();
             seenDirectory = dialog->directory().absolutePath();
             seenFilters = dialog->nameFilters();
-            saving = dialog->acceptMode() == QFileDialog::AcceptSave;
+            modeRight = save ? dialog->acceptMode() == QFileDialog::AcceptSave
+                             : dialog->acceptMode() == QFileDialog::AcceptOpen
+                    && dialog->fileMode() == QFileDialog::ExistingFile;
             nonNative = dialog->testOption(QFileDialog::DontUseNativeDialog);
             typeFileName(dialog, typed);
             accept ? static_cast<QDialog*>(dialog)->accept() : dialog->reject();
@@ -301,35 +309,15 @@ private slots:
         choice.filter = QStringLiteral("*.txt");
         choice.defaultExtension = QStringLiteral("txt");
         choice.directory = dir.path();
-        const QString chosen = QtPrompter().saveFileName(choice);
+        const QString chosen
+            = save ? QtPrompter().saveFileName(choice) : QtPrompter().openFileName(choice);
         QVERIFY(driver.seen());
         QCOMPARE(seenTitle, choice.title);
         QCOMPARE(seenDirectory, QDir(dir.path()).absolutePath());
         QCOMPARE(seenFilters, QtPrompter::nameFilters(choice.filter));
-        QVERIFY(saving);
+        QVERIFY(modeRight);
         QVERIFY(nonNative);
         QCOMPARE(chosen, expected.isEmpty() ? QString() : QDir(dir.path()).filePath(expected));
-    }
-
-    void openFileName()
-    {
-        QTemporaryDir dir;
-        const QString existing = QDir(dir.path()).filePath(QStringLiteral("OLD RUN.txt"));
-        QFile file(existing);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-        bool opening = false;
-        ModalDriver<QFileDialog> driver([&](QFileDialog* dialog) {
-            opening = dialog->acceptMode() == QFileDialog::AcceptOpen
-                && dialog->fileMode() == QFileDialog::ExistingFile;
-            typeFileName(dialog, existing);
-            static_cast<QDialog*>(dialog)->accept();
-        });
-        Prompter::FileChoice choice { QStringLiteral("LOAD FILE"), QStringLiteral("*.txt"),
-            QStringLiteral("txt"), dir.path(), {} };
-        QCOMPARE(QtPrompter().openFileName(choice), existing);
-        QVERIFY(driver.seen());
-        QVERIFY(opening);
     }
 
     // --- beeper -----------------------------------------------------------------------------
