@@ -14,6 +14,7 @@
 
 namespace {
 using testfiles::readAll;
+using testfiles::writeAll;
 
 // The cells of one column, top to bottom.
 QStringList column(const QMap<QString, QString>& cells, QChar letter)
@@ -100,7 +101,6 @@ private slots:
     {
         QFETCH(bool, locate);
         FilesRig rig;
-        const QString chosen = rig.editor;
         rig.withoutEditor();
         rig.prompter.files.push_back(locate ? QStringLiteral("/opt/tools/my editor") : QString());
         rig.app().files.mnuNewAcquiredDataPoints_Click();
@@ -127,7 +127,6 @@ private slots:
             QCOMPARE(rig.prompter.shown.at(2).message.text,
                 QStringLiteral("INVALID FILE NAME, PLEASE TRY AGAIN"));
         }
-        Q_UNUSED(chosen);
     }
 
     void foundEditorIsRemembered()
@@ -246,10 +245,7 @@ private slots:
         FilesRig rig;
         rig.run("  75\x07");
         const QString path = rig.path("old.xlsx");
-        QFile f(path);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write("old");
-        f.close();
+        writeAll(path, "old");
         rig.prompter.clear();
         rig.prompter.files.push_back(path);
         rig.prompter.answers.push_back(Prompter::Answer(answer));
@@ -260,14 +256,6 @@ private slots:
             box.text, QStringLiteral("THIS ALREADY EXISTS, DO YOU WISH TO OVERWRITE THE DATA?"));
         QCOMPARE(box.buttons, Prompter::Buttons::YesNo);
         QCOMPARE(readAll(path) == "old", !replaced);
-    }
-
-    void excelWithoutReadings()
-    {
-        FilesRig rig;
-        rig.app().files.mnuCreateExcelFile_Click();
-        QCOMPARE(rig.prompter.titles(), QStringList { "NO DATA TO SAVE" });
-        QCOMPARE(rig.prompter.shown.size(), size_t(1));
     }
 
     void downloadKeptAndViewed()
@@ -319,10 +307,7 @@ private slots:
     void emptyDownloadKeepsTheEarlierOne()
     {
         FilesRig rig;
-        QFile f(rig.path(DataPointFiles::StorageFileName));
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write("\t#001\t70\r\n");
-        f.close();
+        writeAll(rig.path(DataPointFiles::StorageFileName), "\t#001\t70\r\n");
         rig.app().state.TextStamp = QStringLiteral("\x07stamp only");
         rig.startDownload();
         rig.app().storedPoints.cmdStartDownload_Click();

@@ -435,19 +435,19 @@ private slots:
         QTest::addColumn<QStringList>("buttons");
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("old");
-        QTest::newRow("scan from idle") << QStringList { "scan" } << "STATE: 2 - SCANNING"
-                                        << "OLD STATE: 0 - IDLE";
-        QTest::newRow("scan then sense") << QStringList { "scan", "sense" } << "STATE: 1 - SENSING"
-                                         << "OLD STATE: 2 - SCANNING  (CHANGED)";
-        QTest::newRow("sense, receive, back")
-            << QStringList { "sense", "download", "reset" } << "STATE: 1 - SENSING"
-            << "OLD STATE: 1 - SENSING";
-        QTest::newRow("idle keeps the old state for a reset")
-            << QStringList { "download", "scan", "idle", "reset" } << "STATE: 3 - RECEIVING"
-            << "OLD STATE: 3 - RECEIVING";
-        QTest::newRow("reset right after leaving idle")
-            << QStringList { "sense", "reset" } << "STATE: 0 - IDLE"
-            << "OLD STATE: 0 - IDLE";
+        auto row = [](const char* name, const QStringList& buttons, const char* current,
+                       const char* old) {
+            QTest::newRow(name) << buttons << QString(current) << QString(old);
+        };
+        row("scan from idle", { "scan" }, "STATE: 2 - SCANNING", "OLD STATE: 0 - IDLE");
+        row("scan then sense", { "scan", "sense" }, "STATE: 1 - SENSING",
+            "OLD STATE: 2 - SCANNING  (CHANGED)");
+        row("sense, receive, back", { "sense", "download", "reset" }, "STATE: 1 - SENSING",
+            "OLD STATE: 1 - SENSING");
+        row("idle keeps the old state for a reset", { "download", "scan", "idle", "reset" },
+            "STATE: 3 - RECEIVING", "OLD STATE: 3 - RECEIVING");
+        row("reset right after leaving idle", { "sense", "reset" }, "STATE: 0 - IDLE",
+            "OLD STATE: 0 - IDLE");
     }
     void testerStepsTheLinkStatus()
     {

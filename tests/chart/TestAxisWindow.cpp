@@ -1,10 +1,7 @@
+#include "support/EngineRig.h"
 #include "support/TestRegistry.h"
 
-#include "base/AppState.h"
-#include "base/MainWindowModel.h"
 #include "base/Numbers.h"
-#include "chart/GraphingFunctions.h"
-#include "chart/InMemoryChartSurface.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -16,29 +13,16 @@ namespace {
 using Axis = ChartSurface::Axis;
 constexpr double Empty = GraphingFunctions::EmptyPoint;
 
-struct Engine {
-    AppState state;
-    MainWindowModel window;
-    InMemoryChartSurface chart;
-    GraphingFunctions engine { chart, state, window };
-    QStringList notices;
-
-    Engine()
-    {
-        engine.setOverflowNotice([this](const QString& what) { notices << what; });
-        engine.InitializeChart();
-        engine.ResetChartSeries();
-    }
-    // Readings at the given X values, put straight on the series as a loaded plot would.
+// Readings put straight on the series, as a loaded plot would, then the engine told.
+struct Engine : EngineRig<> {
     void setReadings(const QList<double>& xs)
     {
         chart.setPointCount(1, 1);
         chart.setX(1, 1, Empty);
-        for (int i = 0; i < xs.size(); ++i) {
-            chart.setX(1, i + 1, xs[i]);
-            chart.setY(1, i + 1, 50);
-            chart.setPointCount(1, i + 2);
-        }
+        QList<QPointF> points;
+        for (double x : xs)
+            points << QPointF(x, 50);
+        plot(points);
         engine.SeriesReplaced();
     }
     void evenReadings(int count, double step, double first = 0.0)

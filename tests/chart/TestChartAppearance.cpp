@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
 #include "chart/ChartAppearance.h"
@@ -49,11 +50,6 @@ void click(Application& a, QChar item)
         a.appearance.mnuPlainChart_Click();
 }
 
-QByteArray readAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 } // namespace
 
 class TestChartAppearance : public QObject {
@@ -91,27 +87,18 @@ private slots:
     void clicks_data()
     {
         QTest::addColumn<QString>("clicks");
-        QTest::addColumn<QString>("checked");
         QTest::addColumn<Rgb>("screen");
+        QTest::addColumn<QString>("checked");
         QTest::addColumn<int>("redraws");
-        QTest::newRow("standard while checked") << "S"
-                                                << "S" << Standard << 0;
-        QTest::newRow("scope") << "O"
-                               << "O" << Scope << 1;
-        QTest::newRow("plain") << "P"
-                               << "P" << Plain << 1;
-        QTest::newRow("scope twice falls back") << "OO"
-                                                << "S" << Standard << 2;
-        QTest::newRow("plain twice falls back") << "PP"
-                                                << "S" << Standard << 2;
-        QTest::newRow("scope then plain") << "OP"
-                                          << "P" << Plain << 2;
-        QTest::newRow("plain then scope") << "PO"
-                                          << "O" << Scope << 2;
-        QTest::newRow("scope then standard") << "OS"
-                                             << "S" << Standard << 2;
-        QTest::newRow("scope, standard twice") << "OSS"
-                                               << "S" << Standard << 2;
+        QTest::newRow("standard while checked") << "S" << Standard << "S" << 0;
+        QTest::newRow("scope") << "O" << Scope << "O" << 1;
+        QTest::newRow("plain") << "P" << Plain << "P" << 1;
+        QTest::newRow("scope twice falls back") << "OO" << Standard << "S" << 2;
+        QTest::newRow("plain twice falls back") << "PP" << Standard << "S" << 2;
+        QTest::newRow("scope then plain") << "OP" << Plain << "P" << 2;
+        QTest::newRow("plain then scope") << "PO" << Scope << "O" << 2;
+        QTest::newRow("scope then standard") << "OS" << Standard << "S" << 2;
+        QTest::newRow("scope, standard twice") << "OSS" << Standard << "S" << 2;
     }
     void clicks()
     {
@@ -133,21 +120,15 @@ private slots:
     void settingsEntryApplied_data()
     {
         QTest::addColumn<QString>("entry");
-        QTest::addColumn<QString>("checked");
         QTest::addColumn<Rgb>("screen");
+        QTest::addColumn<QString>("checked");
         // The chart shows the plain scheme before each apply.
-        QTest::newRow("0 standard") << "0"
-                                    << "S" << Standard;
-        QTest::newRow("1 plain, already shown") << "1"
-                                                << "P" << Plain;
-        QTest::newRow("2 scope") << "2"
-                                 << "O" << Scope;
-        QTest::newRow("3 leaves it") << "3"
-                                     << "P" << Plain;
-        QTest::newRow("empty leaves it") << ""
-                                         << "P" << Plain;
-        QTest::newRow("word leaves it") << "SCOPE"
-                                        << "P" << Plain;
+        QTest::newRow("0 standard") << "0" << Standard << "S";
+        QTest::newRow("1 plain, already shown") << "1" << Plain << "P";
+        QTest::newRow("2 scope") << "2" << Scope << "O";
+        QTest::newRow("3 leaves it") << "3" << Plain << "P";
+        QTest::newRow("empty leaves it") << "" << Plain << "P";
+        QTest::newRow("word leaves it") << "SCOPE" << Plain << "P";
     }
     void settingsEntryApplied()
     {
@@ -182,14 +163,11 @@ private slots:
         for (QChar item : clicks)
             click(first.app(), item);
         first.app().controller.Shutdown();
-        const QByteArray saved = readAll(first.dir.filePath("Settings.dat"));
+        const QByteArray saved = testfiles::readAll(first.dir.filePath("Settings.dat"));
         QCOMPARE(saved.split('\n').value(18), entry + "\r");
 
         AppRig second;
-        QFile out(second.dir.filePath("Settings.dat"));
-        QVERIFY(out.open(QIODevice::WriteOnly));
-        out.write(saved);
-        out.close();
+        testfiles::writeAll(second.dir.filePath("Settings.dat"), saved);
         second.app().controller.Form_Load();
         QCOMPARE(colors(second.chart), screen);
         QCOMPARE(checks(second.app().main), checks(first.app().main));

@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
 #include "base/Numbers.h"
@@ -245,10 +246,7 @@ private slots:
         plotReadings(a, { 80, 81, 82 });
         const PlotData before = a.chartCommands.TakePlot();
         const QString path = rig.dir.filePath(QStringLiteral("bad.rec"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
+        testfiles::writeAll(path, text);
         QVERIFY(!a.chartCommands.LoadPlot(path));
         QVERIFY(a.chartCommands.TakePlot() == before);
         QCOMPARE(rig.prompter.titles(), QStringList { QStringLiteral("UNABLE TO LOAD PLOT FILE") });
@@ -305,11 +303,8 @@ private slots:
         rig.startSensing();
         rig.feed("  80\x07  81\x07");
         const QString path = rig.dir.filePath(QStringLiteral("plot.rec"));
-        if (fileExists) {
-            QFile old(path);
-            QVERIFY(old.open(QIODevice::WriteOnly));
-            old.write("old");
-        }
+        if (fileExists)
+            testfiles::writeAll(path, "old");
         for (int answer : answers)
             rig.prompter.answers.push_back(Answer(answer));
         if (chooseFile)

@@ -1,13 +1,10 @@
+#include "support/EngineRig.h"
 #include "support/FakePrompter.h"
 #include "support/TestRegistry.h"
 
-#include "base/AppState.h"
-#include "base/MainWindowModel.h"
 #include "base/Numbers.h"
 #include "chart/GraphSettingsController.h"
 #include "chart/GraphSettingsModel.h"
-#include "chart/GraphingFunctions.h"
-#include "chart/InMemoryChartSurface.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -16,52 +13,30 @@ namespace {
 using Axis = ChartSurface::Axis;
 using Panel = GraphSettingsController;
 
-struct Rig {
-    AppState state;
-    MainWindowModel main;
-    InMemoryChartSurface chart;
-    GraphingFunctions engine { chart, state, main };
+struct Rig : EngineRig<> {
     GraphSettingsModel model;
     FakePrompter prompter;
     int clears = 0;
-    Panel panel { state, engine, main, model, prompter, [this] {
+    Panel panel { state, engine, window, model, prompter, [this] {
                      ++clears;
                      engine.ResetChartSeries();
-                     chart.setAxisMin(Axis::X, 0);
-                     chart.setAxisMax(Axis::X, 60);
+                     setAxis(Axis::X, 0, 60);
                  } };
 
     Rig()
     {
         state.SettingsValues[0] = QStringLiteral("old Y");
         state.SettingsValues[2] = QStringLiteral("old X");
-        state.SettingsValues[13] = QStringLiteral("85");
-        state.SettingsValues[14] = QStringLiteral("25");
-        engine.InitializeChart();
-        engine.ResetChartSeries();
         setAxes(10, 110, 0, 100);
         panel.Form_Load();
-    }
-    void setAxes(double x0, double x1, double y0, double y1)
-    {
-        chart.setAxisMin(Axis::X, x0);
-        chart.setAxisMax(Axis::X, x1);
-        chart.setAxisMin(Axis::Y, y0);
-        chart.setAxisMax(Axis::Y, y1);
     }
     // Readings at X = 0, spacing, 2 spacing, ... (count of them).
     void plot(int count, double spacing)
     {
-        for (int i = 0; i < count; ++i) {
-            chart.setX(1, i + 1, i * spacing);
-            chart.setY(1, i + 1, 20);
-            chart.setPointCount(1, i + 2);
-        }
-    }
-    QList<double> axes() const
-    {
-        return { chart.axisMin(Axis::X), chart.axisMax(Axis::X), chart.axisMin(Axis::Y),
-            chart.axisMax(Axis::Y) };
+        QList<QPointF> points;
+        for (int i = 0; i < count; ++i)
+            points << QPointF(i * spacing, 20);
+        EngineRig::plot(points);
     }
     void type(const QString& minX, const QString& maxX, const QString& minY, const QString& maxY)
     {
@@ -128,44 +103,25 @@ private slots:
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("message");
+        auto row = [](const char* name, const char* box, const char* text, const char* message) {
+            QTest::newRow(name) << QString(box) << QString(text) << QString(message);
+        };
         // Chart at X 10..110, Y 0..100.
-        QTest::newRow("X max not numeric") << "txtMaxX"
-                                           << "12a"
-                                           << "Please Enter A Numeric Value For X Max.";
-        QTest::newRow("X max empty") << "txtMaxX"
-                                     << ""
-                                     << "Please Enter A Numeric Value For X Max.";
-        QTest::newRow("X max equal to min")
-            << "txtMaxX"
-            << "10"
-            << "Please Enter An X Max Value That is Greater Than X Min.";
-        QTest::newRow("X max below min")
-            << "txtMaxX"
-            << "5"
-            << "Please Enter An X Max Value That is Greater Than X Min.";
-        QTest::newRow("X min not numeric") << "txtMinX"
-                                           << "x"
-                                           << "Please Enter A Numeric Value For X Min.";
-        QTest::newRow("X min negative") << "txtMinX"
-                                        << "-1"
-                                        << "Please Enter A Non-Negative Value for  X Min.";
-        QTest::newRow("X min equal to max")
-            << "txtMinX"
-            << "110"
-            << "Please Enter An X Min. Value That is Less Than X Max.";
-        QTest::newRow("Y max not numeric") << "txtMaxY"
-                                           << "1..2"
-                                           << "Please Enter A Numeric Value for Y Max.";
-        QTest::newRow("Y max below min")
-            << "txtMaxY"
-            << "-1"
-            << "Please Enter A Y Max. Value That Is Greater Than Y Min.";
-        QTest::newRow("Y min not numeric") << "txtMinY"
-                                           << "--3"
-                                           << "Please Enter A Numeric Value for Y Min.";
-        QTest::newRow("Y min equal to max") << "txtMinY"
-                                            << "100"
-                                            << " Please Enter A Y Min. Value That Less Than Y Max.";
+        const char* maxXOrder = "Please Enter An X Max Value That is Greater Than X Min.";
+        row("X max not numeric", "txtMaxX", "12a", "Please Enter A Numeric Value For X Max.");
+        row("X max empty", "txtMaxX", "", "Please Enter A Numeric Value For X Max.");
+        row("X max equal to min", "txtMaxX", "10", maxXOrder);
+        row("X max below min", "txtMaxX", "5", maxXOrder);
+        row("X min not numeric", "txtMinX", "x", "Please Enter A Numeric Value For X Min.");
+        row("X min negative", "txtMinX", "-1", "Please Enter A Non-Negative Value for  X Min.");
+        row("X min equal to max", "txtMinX", "110",
+            "Please Enter An X Min. Value That is Less Than X Max.");
+        row("Y max not numeric", "txtMaxY", "1..2", "Please Enter A Numeric Value for Y Max.");
+        row("Y max below min", "txtMaxY", "-1",
+            "Please Enter A Y Max. Value That Is Greater Than Y Min.");
+        row("Y min not numeric", "txtMinY", "--3", "Please Enter A Numeric Value for Y Min.");
+        row("Y min equal to max", "txtMinY", "100",
+            " Please Enter A Y Min. Value That Less Than Y Max.");
     }
     void enterRefuses()
     {
@@ -241,29 +197,23 @@ private slots:
         QTest::addColumn<QStringList>("boxes"); // min X, max X, min Y, max Y
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("focus");
-        QTest::newRow("Y min first")
-            << QStringList { "a", "b", "c", "d" } << "Please Enter A Numeric Value for Y Min."
-            << "txtMinY";
-        QTest::newRow("Y max") << QStringList { "a", "b", "0", "d" }
-                               << "Please Enter a Numeric Value for Y Max."
-                               << "txtMaxY";
-        QTest::newRow("Y order") << QStringList { "a", "b", "50", "50" }
-                                 << "Please Enter A Y Max Value That is Greater Than The Y Min."
-                                 << "txtMaxY";
-        QTest::newRow("X min") << QStringList { "", "b", "0", "50" }
-                               << "Please Enter A Numeric Value for X Min."
-                               << "txtMinX";
-        QTest::newRow("X max") << QStringList { "0", "1e", "0", "50" }
-                               << "Please Enter A Numeric Value for X Max."
-                               << "txtMaxX";
-        QTest::newRow("X order") << QStringList { "20", "10", "0", "50" }
-                                 << "Please Enter An X Max. Value That is Greater Than X Min."
-                                 << "txtMaxX";
+        auto row = [](const char* name, const QStringList& boxes, const char* message,
+                       const char* focus) {
+            QTest::newRow(name) << boxes << QString(message) << QString(focus);
+        };
+        const char* xOrder = "Please Enter An X Max. Value That is Greater Than X Min.";
+        row("Y min first", { "a", "b", "c", "d" }, "Please Enter A Numeric Value for Y Min.",
+            "txtMinY");
+        row("Y max", { "a", "b", "0", "d" }, "Please Enter a Numeric Value for Y Max.", "txtMaxY");
+        row("Y order", { "a", "b", "50", "50" },
+            "Please Enter A Y Max Value That is Greater Than The Y Min.", "txtMaxY");
+        row("X min", { "", "b", "0", "50" }, "Please Enter A Numeric Value for X Min.", "txtMinX");
+        row("X max", { "0", "1e", "0", "50" }, "Please Enter A Numeric Value for X Max.",
+            "txtMaxX");
+        row("X order", { "20", "10", "0", "50" }, xOrder, "txtMaxX");
         // A negative minimum is caught only through the ordering checks.
-        QTest::newRow("negative X min below max passes the checks")
-            << QStringList { "-5", "-10", "0", "50" }
-            << "Please Enter An X Max. Value That is Greater Than X Min."
-            << "txtMaxX";
+        row("negative X min below max passes the checks", { "-5", "-10", "0", "50" }, xOrder,
+            "txtMaxX");
     }
     void acceptRefuses()
     {
@@ -291,23 +241,19 @@ private slots:
         QTest::addColumn<double>("spacing");
         QTest::addColumn<QStringList>("boxes");
         QTest::addColumn<QList<double>>("axes");
-        QTest::addColumn<QString>("entry0");
-        QTest::addColumn<QString>("entry2");
-        QTest::newRow("no readings") << 0 << 1.0 << QStringList { "0", "400", "-5", "150.25" }
-                                     << QList<double> { 0, 400, -5, 150.25 } << "150.2"
-                                     << "400";
-        QTest::newRow("over the window: 300 intervals below max")
-            << 500 << 1.0 << QStringList { "0", "400", "0", "100" }
-            << QList<double> { 100, 400, 0, 100 } << "100"
-            << "400";
-        QTest::newRow("two-second readings: 600 units")
-            << 500 << 2.0 << QStringList { "10", "900.5", "0", "100" }
-            << QList<double> { 300.5, 900.5, 0, 100 } << "100"
-            << "900.5";
-        QTest::newRow("under the window stays")
-            << 500 << 1.0 << QStringList { "50", "200", "0", "99.96" }
-            << QList<double> { 50, 200, 0, 99.96 } << "100"
-            << "200";
+        QTest::addColumn<QStringList>("entries"); // 0 and 2
+        auto row = [](const char* name, int points, double spacing, const QStringList& boxes,
+                       const QList<double>& axes, const QStringList& entries) {
+            QTest::newRow(name) << points << spacing << boxes << axes << entries;
+        };
+        row("no readings", 0, 1, { "0", "400", "-5", "150.25" }, { 0, 400, -5, 150.25 },
+            { "150.2", "400" });
+        row("over the window: 300 intervals below max", 500, 1, { "0", "400", "0", "100" },
+            { 100, 400, 0, 100 }, { "100", "400" });
+        row("two-second readings: 600 units", 500, 2, { "10", "900.5", "0", "100" },
+            { 300.5, 900.5, 0, 100 }, { "100", "900.5" });
+        row("under the window stays", 500, 1, { "50", "200", "0", "99.96" }, { 50, 200, 0, 99.96 },
+            { "100", "200" });
     }
     void acceptApplies()
     {
@@ -315,8 +261,7 @@ private slots:
         QFETCH(double, spacing);
         QFETCH(QStringList, boxes);
         QFETCH(QList<double>, axes);
-        QFETCH(QString, entry0);
-        QFETCH(QString, entry2);
+        QFETCH(QStringList, entries);
         Rig rig;
         rig.plot(points, spacing);
         rig.type(boxes[0], boxes[1], boxes[2], boxes[3]);
@@ -326,8 +271,8 @@ private slots:
         QCOMPARE(rig.axes(), axes);
         QCOMPARE(rig.chart.axisTitle(Axis::Y), QStringLiteral("DEG C"));
         QCOMPARE(rig.model.txtMinX.caption(), Numbers::Format(axes[0], QStringLiteral("0.##")));
-        QCOMPARE(rig.state.SettingsValues[0], entry0);
-        QCOMPARE(rig.state.SettingsValues[2], entry2);
+        QCOMPARE(
+            QStringList({ rig.state.SettingsValues[0], rig.state.SettingsValues[2] }), entries);
         QCOMPARE(rig.chart.y(2, 1), 85.0);
         const double hi = Numbers::RoundHalfEven(axes[1]);
         QCOMPARE(rig.chart.x(3, 2), hi + hi * 0.2);
@@ -451,7 +396,7 @@ private slots:
         Rig rig;
         if (readings)
             rig.plot(5, 1);
-        rig.main.mnuClearChart.setEnabled(!acquiring);
+        rig.window.mnuClearChart.setEnabled(!acquiring);
         rig.panel.Form_Activate();
         for (const Control* c : { &rig.model.txtMinX, &rig.model.txtMaxY, &rig.model.cmdAccept,
                  &rig.model.comTimeUnits, &rig.model.XMinIncrement })
@@ -466,16 +411,16 @@ private slots:
         Rig rig;
         rig.model.chkAutoRange.setChecked(true);
         rig.panel.chkAutoRange_Click();
-        QVERIFY(rig.main.mnuAutoScaleYAxis.checked());
+        QVERIFY(rig.window.mnuAutoScaleYAxis.checked());
         QCOMPARE(rig.state.SettingsValues[8], QStringLiteral("1"));
         rig.model.chkDispLimits.setChecked(true);
         rig.panel.chkDispLimits_Click();
-        QVERIFY(rig.main.mnuDispLimits.checked());
+        QVERIFY(rig.window.mnuDispLimits.checked());
         QCOMPARE(rig.state.SettingsValues[21], QStringLiteral("1"));
         QVERIFY(rig.chart.seriesVisible(GraphingFunctions::HighLimitSeries));
         rig.model.chkDispLimits.setChecked(false);
         rig.panel.chkDispLimits_Click();
-        QVERIFY(!rig.main.mnuDispLimits.checked());
+        QVERIFY(!rig.window.mnuDispLimits.checked());
         QCOMPARE(rig.state.SettingsValues[21], QStringLiteral("0"));
         QVERIFY(!rig.chart.seriesVisible(GraphingFunctions::HighLimitSeries));
     }

@@ -1,3 +1,4 @@
+#include "support/EngineRig.h"
 #include "support/TestRegistry.h"
 
 #include "base/AppState.h"
@@ -35,31 +36,13 @@ public:
     mutable int reads = 0;
 };
 
-// The engine with everything it talks to, started as the main window's load sequence does.
-template <typename Surface = InMemoryChartSurface> struct Rig {
-    AppState state;
-    MainWindowModel window;
-    Surface chart;
-    GraphingFunctions engine { chart, state, window };
+// The engine with a panel that counts its refreshes.
+template <typename Surface = InMemoryChartSurface> struct Rig : EngineRig<Surface> {
     CountingPanel panel;
-
     explicit Rig(const QString& interval = QStringLiteral("1"))
+        : EngineRig<Surface>(interval)
     {
-        engine.setPanel(&panel);
-        window.lblSystParameters(2).setCaption(interval);
-        engine.InitializeChart();
-        engine.ResetChartSeries();
-    }
-    // As the receive path does: reload the interval from its label, then plot.
-    void feed(qint16 reading)
-    {
-        state.TimeInterval = float(Numbers::Val(window.lblSystParameters(2).caption()));
-        engine.AddReadingToChart(reading);
-    }
-    void feed(const QList<int>& readings)
-    {
-        for (int r : readings)
-            feed(qint16(r));
+        this->engine.setPanel(&panel);
     }
 };
 } // namespace

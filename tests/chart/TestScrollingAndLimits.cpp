@@ -1,42 +1,11 @@
+#include "support/EngineRig.h"
 #include "support/TestRegistry.h"
-
-#include "base/AppState.h"
-#include "base/MainWindowModel.h"
-#include "chart/GraphingFunctions.h"
-#include "chart/InMemoryChartSurface.h"
 
 #include <QTest>
 
 namespace {
 using Axis = ChartSurface::Axis;
-
-struct Engine {
-    AppState state;
-    MainWindowModel window;
-    InMemoryChartSurface chart;
-    GraphingFunctions engine { chart, state, window };
-
-    Engine()
-    {
-        state.SettingsValues[13] = QStringLiteral("85");
-        state.SettingsValues[14] = QStringLiteral("25");
-        engine.InitializeChart();
-        engine.ResetChartSeries();
-    }
-    void setAxis(Axis axis, double min, double max)
-    {
-        chart.setAxisMin(axis, min);
-        chart.setAxisMax(axis, max);
-    }
-    void plot(const QList<QPointF>& points)
-    {
-        for (int i = 0; i < points.size(); ++i) {
-            chart.setX(1, i + 1, points[i].x());
-            chart.setY(1, i + 1, points[i].y());
-            chart.setPointCount(1, i + 2);
-        }
-    }
-};
+using Engine = EngineRig<>;
 } // namespace
 
 class TestScrollingAndLimits : public QObject {

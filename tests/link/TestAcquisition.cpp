@@ -90,9 +90,7 @@ private slots:
         QVERIFY(!a.acquisition.tmrBeep().isActive());
         QVERIFY(!a.acquisition.lastObtainedFile().isOpen());
         QVERIFY(!a.main.lblStatCurrentTemp.visible());
-        QCOMPARE(a.storedPointsModel.cmdStartDownload.caption(),
-            mode == QLatin1String("download") ? QStringLiteral("START RECEIVING")
-                                              : QStringLiteral("START RECEIVING"));
+        QCOMPARE(a.storedPointsModel.cmdStartDownload.caption(), QStringLiteral("START RECEIVING"));
         // An empty chart asks nothing.
         QVERIFY(!rig.host.calls.contains(QStringLiteral("offerToSavePlot")));
         QVERIFY(rig.prompter.titles().isEmpty());
@@ -114,23 +112,16 @@ private slots:
     void watchdog_data()
     {
         QTest::addColumn<QString>("mode");
-        QTest::addColumn<QString>("interval");
         QTest::addColumn<int>("silence");
+        QTest::addColumn<QString>("interval");
         QTest::addColumn<bool>("halts");
-        QTest::newRow("interval 2, 4 s") << "realtime"
-                                         << "2" << 4 << false;
-        QTest::newRow("interval 2, 5 s") << "realtime"
-                                         << "2" << 5 << true;
-        QTest::newRow("no interval, 2001 s") << "realtime"
-                                             << "NO-INT" << 2001 << false;
-        QTest::newRow("no interval, 2002 s") << "realtime"
-                                             << "NO-INT" << 2002 << true;
-        QTest::newRow("empty interval, 2002 s") << "realtime"
-                                                << "" << 2002 << true;
-        QTest::newRow("download, 17 s") << "download"
-                                        << "2" << 17 << false;
-        QTest::newRow("download, 18 s") << "download"
-                                        << "2" << 18 << true;
+        QTest::newRow("interval 2, 4 s") << "realtime" << 4 << "2" << false;
+        QTest::newRow("interval 2, 5 s") << "realtime" << 5 << "2" << true;
+        QTest::newRow("no interval, 2001 s") << "realtime" << 2001 << "NO-INT" << false;
+        QTest::newRow("no interval, 2002 s") << "realtime" << 2002 << "NO-INT" << true;
+        QTest::newRow("empty interval, 2002 s") << "realtime" << 2002 << "" << true;
+        QTest::newRow("download, 17 s") << "download" << 17 << "2" << false;
+        QTest::newRow("download, 18 s") << "download" << 18 << "2" << true;
     }
     void watchdog()
     {
@@ -277,18 +268,6 @@ private slots:
         rig.app().state.SettingsValues[22] = entry22;
         rig.app().acquisition.tmrBeep_Timer();
         QCOMPARE(rig.beeper.count, beeps);
-    }
-
-    void closingTheStoredPointsWindowEndsTheDownload()
-    {
-        AppRig rig;
-        Application& a = rig.app();
-        rig.startDownload();
-        a.storedPoints.Form_Unload();
-        QVERIFY(!a.state.DownloadFromWindow);
-        QVERIFY(!a.main.mnuDownloadData.checked());
-        QVERIFY(!rig.port.isOpen());
-        QVERIFY(a.main.mnuSenseTemperature.enabled());
     }
 
     void downloadCommandAgainUnloadsTheWindowOnce()

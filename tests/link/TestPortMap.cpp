@@ -48,61 +48,41 @@ private slots:
     {
         QTest::addColumn<bool>("fileExists");
         QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("com1");
-        QTest::addColumn<QString>("com2");
-        QTest::addColumn<QString>("com3");
-        QTest::newRow("no file") << false << QByteArray() << "/dev/ttyS0"
-                                 << "/dev/ttyS1"
-                                 << "/dev/ttyS2";
-        QTest::newRow("empty file") << true << QByteArray() << "/dev/ttyS0"
-                                    << "/dev/ttyS1"
-                                    << "/dev/ttyS2";
-        QTest::newRow("both lines")
-            << true << QByteArray("/dev/ttyUSB0\r\n/dev/ttyUSB1\r\n") << "/dev/ttyUSB0"
-            << "/dev/ttyUSB1"
-            << "/dev/ttyS2";
-        QTest::newRow("short file") << true << QByteArray("/dev/ttyUSB0\r\n") << "/dev/ttyUSB0"
-                                    << "/dev/ttyS1"
-                                    << "/dev/ttyS2";
+        QTest::addColumn<QStringList>("devices"); // COM 1 to COM 3
+        const QStringList defaults { "/dev/ttyS0", "/dev/ttyS1", "/dev/ttyS2" };
+        QTest::newRow("no file") << false << QByteArray() << defaults;
+        QTest::newRow("empty file") << true << QByteArray() << defaults;
+        QTest::newRow("both lines") << true << QByteArray("/dev/ttyUSB0\r\n/dev/ttyUSB1\r\n")
+                                    << QStringList { "/dev/ttyUSB0", "/dev/ttyUSB1", "/dev/ttyS2" };
+        QTest::newRow("short file") << true << QByteArray("/dev/ttyUSB0\r\n")
+                                    << QStringList { "/dev/ttyUSB0", "/dev/ttyS1", "/dev/ttyS2" };
         QTest::newRow("no final line end")
-            << true << QByteArray("/dev/ttyS4\r\n/dev/ttyS5") << "/dev/ttyS4"
-            << "/dev/ttyS5"
-            << "/dev/ttyS2";
+            << true << QByteArray("/dev/ttyS4\r\n/dev/ttyS5")
+            << QStringList { "/dev/ttyS4", "/dev/ttyS5", "/dev/ttyS2" };
         QTest::newRow("bare line feeds")
-            << true << QByteArray("/dev/ttyACM0\n/dev/ttyACM1\n") << "/dev/ttyACM0"
-            << "/dev/ttyACM1"
-            << "/dev/ttyS2";
+            << true << QByteArray("/dev/ttyACM0\n/dev/ttyACM1\n")
+            << QStringList { "/dev/ttyACM0", "/dev/ttyACM1", "/dev/ttyS2" };
         QTest::newRow("blank first line")
-            << true << QByteArray("\r\n/dev/ttyUSB1\r\n") << "/dev/ttyS0"
-            << "/dev/ttyUSB1"
-            << "/dev/ttyS2";
+            << true << QByteArray("\r\n/dev/ttyUSB1\r\n")
+            << QStringList { "/dev/ttyS0", "/dev/ttyUSB1", "/dev/ttyS2" };
         QTest::newRow("blanks around a name")
-            << true << QByteArray("  /dev/ttyUSB0 \t\r\n") << "/dev/ttyUSB0"
-            << "/dev/ttyS1"
-            << "/dev/ttyS2";
-        QTest::newRow("bare device name") << true << QByteArray("ttyUSB0\r\n") << "/dev/ttyUSB0"
-                                          << "/dev/ttyS1"
-                                          << "/dev/ttyS2";
+            << true << QByteArray("  /dev/ttyUSB0 \t\r\n")
+            << QStringList { "/dev/ttyUSB0", "/dev/ttyS1", "/dev/ttyS2" };
+        QTest::newRow("bare device name")
+            << true << QByteArray("ttyUSB0\r\n")
+            << QStringList { "/dev/ttyUSB0", "/dev/ttyS1", "/dev/ttyS2" };
         QTest::newRow("binary garbage")
-            << true << QByteArray("\x00\xff\x01\x02\r\n\xfe\xfd", 8) << "/dev/ttyS0"
-            << "/dev/ttyS1"
-            << "/dev/ttyS2";
+            << true << QByteArray("\x00\xff\x01\x02\r\n\xfe\xfd", 8) << defaults;
         QTest::newRow("words are no device")
-            << true << QByteArray("my port\r\nrelative/path\r\n") << "/dev/ttyS0"
-            << "/dev/ttyS1"
-            << "/dev/ttyS2";
-        QTest::newRow("third line")
-            << true << QByteArray("\r\n\r\n/dev/ttyUSB2\r\n") << "/dev/ttyS0"
-            << "/dev/ttyS1"
-            << "/dev/ttyUSB2";
+            << true << QByteArray("my port\r\nrelative/path\r\n") << defaults;
+        QTest::newRow("third line") << true << QByteArray("\r\n\r\n/dev/ttyUSB2\r\n")
+                                    << QStringList { "/dev/ttyS0", "/dev/ttyS1", "/dev/ttyUSB2" };
     }
     void load()
     {
         QFETCH(bool, fileExists);
         QFETCH(QByteArray, content);
-        QFETCH(QString, com1);
-        QFETCH(QString, com2);
-        QFETCH(QString, com3);
+        QFETCH(QStringList, devices);
         QTemporaryDir dir;
         QVERIFY(dir.isValid());
         if (fileExists)
@@ -111,9 +91,7 @@ private slots:
         // Bindings from an earlier load must not survive into this one.
         map.setDevice(1, QStringLiteral("/dev/leftover"));
         map.load(dir.path());
-        QCOMPARE(map.device(1), com1);
-        QCOMPARE(map.device(2), com2);
-        QCOMPARE(map.device(3), com3);
+        QCOMPARE(QStringList({ map.device(1), map.device(2), map.device(3) }), devices);
     }
 
     void saveWritesOneLinePerPort()

@@ -1,13 +1,5 @@
+#include "support/ParametersRig.h"
 #include "support/TestRegistry.h"
-
-#include "base/AppState.h"
-#include "link/PortMap.h"
-#include "link/ProgramParametersController.h"
-#include "link/ProgramParametersModel.h"
-#include "link/TimingUtils.h"
-#include "support/FakePrompter.h"
-#include "support/FakeSerialPort.h"
-#include "support/FakeSystemInfo.h"
 
 #include <QFile>
 #include <QSignalSpy>
@@ -16,36 +8,17 @@
 #include <map>
 
 namespace {
-// Everything the dialog's controller works on, wired as the program wires it.
-struct Rig {
+// The ports the instrument search opens are fakes, kept by device.
+struct Rig : ParametersRig {
     Rig()
-        : controller(
-            state, model, port, info, ports, [this] { return available; }, prompter,
-            [this](const QString& device) {
-                auto line = std::make_shared<FakeSerialPort>();
-                lines[device] = line;
-                return std::shared_ptr<SerialPort>(line);
-            })
+        : ParametersRig([this](const QString& device) {
+            auto line = std::make_shared<FakeSerialPort>();
+            lines[device] = line;
+            return std::shared_ptr<SerialPort>(line);
+        })
     {
-        state.ProgramDirectory = dir.path();
     }
-    QTemporaryDir dir;
-    AppState state;
-    ProgramParametersModel model;
-    FakeSerialPort port;
-    FakeSystemInfo info;
-    PortMap ports;
-    QStringList available { QStringLiteral("/dev/ttyS0"), QStringLiteral("/dev/ttyUSB0") };
-    FakePrompter prompter;
-    // The ports the instrument search opened, by device.
     std::map<QString, std::shared_ptr<FakeSerialPort>> lines;
-    ProgramParametersController controller;
-
-    QByteArray portFile() const
-    {
-        QFile file(dir.filePath(PortMap::fileName()));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 };
 } // namespace
 
@@ -122,24 +95,19 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("caption");
-        QTest::newRow("window") << "frmProgramParameters"
-                                << "PROGRAM PARAMETERS";
-        QTest::newRow("communications") << "lblCommunicationsTitle"
-                                        << "COMMUNICATIONS";
-        QTest::newRow("comm port") << "lblCommPortCaption"
-                                   << "COMM PORT";
-        QTest::newRow("pc parameters") << "lblPcParametersTitle"
-                                       << "PC PARAMETERS";
-        QTest::newRow("processor") << "lblProcessorCaption"
-                                   << "PROCESSOR";
-        QTest::newRow("ram size") << "lblRamSizeCaption"
-                                  << "RAM SIZE";
-        QTest::newRow("available ram") << "lblAvailiableRamCaption"
-                                       << "CURRENT AVAILIABLE RAM";
-        QTest::newRow("max viewable") << "lblMaxViewableTitle"
-                                      << "MAX VIEWABLE DATA POINTS";
-        QTest::newRow("data points") << "lblDataPointsCaption"
-                                     << "AMOUNT OF DATA POINTS";
+        const QList<QPair<QString, QString>> items {
+            { "frmProgramParameters", "PROGRAM PARAMETERS" },
+            { "lblCommunicationsTitle", "COMMUNICATIONS" },
+            { "lblCommPortCaption", "COMM PORT" },
+            { "lblPcParametersTitle", "PC PARAMETERS" },
+            { "lblProcessorCaption", "PROCESSOR" },
+            { "lblRamSizeCaption", "RAM SIZE" },
+            { "lblAvailiableRamCaption", "CURRENT AVAILIABLE RAM" },
+            { "lblMaxViewableTitle", "MAX VIEWABLE DATA POINTS" },
+            { "lblDataPointsCaption", "AMOUNT OF DATA POINTS" },
+        };
+        for (const auto& item : items)
+            QTest::newRow(qPrintable(item.first)) << item.first << item.second;
     }
     void captions()
     {
@@ -164,25 +132,20 @@ private slots:
         QCOMPARE(rig.model.lblAvailiableRam.caption(), QStringLiteral("15.6 M-BYTES"));
         QCOMPARE(rig.model.txtDataPoints.caption(), QStringLiteral("300"));
         QCOMPARE(rig.model.commPortItems(), QStringList({ "COM 1", "COM 2" }));
-        QCOMPARE(rig.model.deviceItems(), rig.available);
+        QCOMPARE(rig.model.deviceItems(), rig.devices);
     }
 
     void loadSelectsThePort_data()
     {
         QTest::addColumn<int>("stored");
-        QTest::addColumn<int>("index");
         QTest::addColumn<QString>("shown");
+        QTest::addColumn<int>("index");
         QTest::addColumn<QString>("device");
-        QTest::newRow("COM 1") << 1 << 0 << "COM 1"
-                               << "/dev/ttyS0";
-        QTest::newRow("COM 2") << 2 << 1 << "COM 2"
-                               << "/dev/ttyS1";
-        QTest::newRow("port 3 shows COM 1") << 3 << 0 << "COM 1"
-                                            << "/dev/ttyS0";
-        QTest::newRow("port 0 shows COM 1") << 0 << 0 << "COM 1"
-                                            << "/dev/ttyS0";
-        QTest::newRow("negative shows COM 1") << -4 << 0 << "COM 1"
-                                              << "/dev/ttyS0";
+        QTest::newRow("COM 1") << 1 << "COM 1" << 0 << "/dev/ttyS0";
+        QTest::newRow("COM 2") << 2 << "COM 2" << 1 << "/dev/ttyS1";
+        QTest::newRow("port 3 shows COM 1") << 3 << "COM 1" << 0 << "/dev/ttyS0";
+        QTest::newRow("port 0 shows COM 1") << 0 << "COM 1" << 0 << "/dev/ttyS0";
+        QTest::newRow("negative shows COM 1") << -4 << "COM 1" << 0 << "/dev/ttyS0";
     }
     void loadSelectsThePort()
     {
@@ -247,27 +210,6 @@ private slots:
         QCOMPARE(rig.port.opened, wasOpen && closes == 0);
         QCOMPARE(rig.port.openCount, 0);
         QCOMPARE(rig.model.comDevice.caption(), device);
-    }
-
-    void setCommPort_data()
-    {
-        QTest::addColumn<bool>("wasOpen");
-        QTest::addColumn<int>("number");
-        QTest::newRow("open port is closed") << true << 2;
-        QTest::newRow("closed port just moves") << false << 2;
-        QTest::newRow("any number is taken") << false << 5;
-    }
-    void setCommPort()
-    {
-        QFETCH(bool, wasOpen);
-        QFETCH(int, number);
-        FakeSerialPort port;
-        port.opened = wasOpen;
-        SetCommPort(port, qint16(number));
-        QCOMPARE(port.number, number);
-        QVERIFY(!port.opened);
-        QCOMPARE(port.closeCount, wasOpen ? 1 : 0);
-        QCOMPARE(port.openCount, 0);
     }
 
     void bindingADeviceSavesIt_data()

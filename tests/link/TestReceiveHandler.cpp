@@ -42,16 +42,14 @@ private slots:
     {
         QTest::addColumn<QString>("field");
         QTest::addColumn<QString>("value");
-        QTest::newRow("interval") << "INT (SECS)      2\r"
-                                  << "2";
-        QTest::newRow("units with control characters") << "\x0b  DEG F\r"
-                                                       << "DEG F";
-        QTest::newRow("no run of blanks") << " EMISSIVITY 0.95 "
-                                          << "EMISSIVITY 0.95";
-        QTest::newRow("several runs, last wins") << "A  B   C 1"
-                                                 << "C 1";
-        QTest::newRow("empty") << ""
-                               << "";
+        auto row = [](const char* name, const char* field, const char* value) {
+            QTest::newRow(name) << QString(field) << QString(value);
+        };
+        row("interval", "INT (SECS)      2\r", "2");
+        row("units with control characters", "\x0b  DEG F\r", "DEG F");
+        row("no run of blanks", " EMISSIVITY 0.95 ", "EMISSIVITY 0.95");
+        row("several runs, last wins", "A  B   C 1", "C 1");
+        row("empty", "", "");
     }
     void valuePart()
     {
@@ -64,14 +62,13 @@ private slots:
     {
         QTest::addColumn<QString>("record");
         QTest::addColumn<QString>("line");
-        QTest::newRow("stored reading") << "#001   75   DEG F"
-                                        << "\t#001\t75\tDEG F";
-        QTest::newRow("leading blanks") << "  #012  101"
-                                        << "\t#012\t101";
-        QTest::newRow("group separator") << "  "
-                                         << "\r\n\t";
-        QTest::newRow("trailing blanks") << "#3  7  "
-                                         << "\t#3\t7";
+        auto row = [](const char* name, const char* record, const char* line) {
+            QTest::newRow(name) << QString(record) << QString(line);
+        };
+        row("stored reading", "#001   75   DEG F", "\t#001\t75\tDEG F");
+        row("leading blanks", "  #012  101", "\t#012\t101");
+        row("group separator", "  ", "\r\n\t");
+        row("trailing blanks", "#3  7  ", "\t#3\t7");
     }
     void storedRecordLayout()
     {
@@ -153,18 +150,21 @@ private slots:
 
     void blankLineGuard_data()
     {
-        QTest::addColumn<int>("blanks");
+        QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<bool>("halts");
-        QTest::newRow("five empty records do not halt") << 5 << false;
-        QTest::newRow("the sixth halts") << 6 << true;
+        QTest::newRow("five empty records do not halt") << QByteArray(5, '\x07') << false;
+        QTest::newRow("the sixth halts") << QByteArray(6, '\x07') << true;
+        QTest::newRow("a reading between disarms it")
+            << QByteArray(4, '\x07') + "  75\x07" + QByteArray(4, '\x07') << false;
     }
     void blankLineGuard()
     {
-        QFETCH(int, blanks);
+        QFETCH(QByteArray, bytes);
         QFETCH(bool, halts);
         AppRig rig;
+        rig.app().main.lblSystParameters(2).setCaption(QStringLiteral("2"));
         rig.startSensing();
-        rig.feed(QByteArray(blanks, '\x07'));
+        rig.feed(bytes);
         QCOMPARE(rig.prompter.titles().contains(QStringLiteral("RECEIVING BLANK LINES AS DATA.")),
             halts);
         QCOMPARE(rig.app().main.mnuSenseTemperature.checked(), !halts);
@@ -176,16 +176,6 @@ private slots:
             QCOMPARE(box.buttons, Prompter::Buttons::Ok);
             QCOMPARE(box.icon, Prompter::Icon::None);
         }
-    }
-
-    void blankLineGuardDisarmedByARecord()
-    {
-        AppRig rig;
-        rig.app().main.lblSystParameters(2).setCaption(QStringLiteral("2"));
-        rig.startSensing();
-        rig.feed(QByteArray(4, '\x07') + "  75\x07" + QByteArray(4, '\x07'));
-        QVERIFY(!rig.prompter.titles().contains(QStringLiteral("RECEIVING BLANK LINES AS DATA.")));
-        QVERIFY(rig.app().main.mnuSenseTemperature.checked());
     }
 
     void emptyLocationsNeverHaltADownload()
@@ -226,7 +216,7 @@ private slots:
         AppRig rig;
         rig.startSensing();
         const QByteArray header = rig.lastObtained();
-        rig.feed(AppRig::parameterBlock("  DEG C", "2", "72") + "  80\x07");
+        rig.feed(AppRig::parameterBlock("  DEG C", "2", "72") + "  1234   DEG F\x07  80\x07");
         QByteArray expected = header;
         expected += "\t\x0b  DEG C\r\r\n"
                     "\tINT (SECS)      2\r\r\n"
@@ -239,19 +229,10 @@ private slots:
                     "\tAVG TEMP        101\r\r\n"
                     "\t\r\n"
                     "  1234   DEG F\r\r\n"
+                    "  1234\t  DEG\tF\r\n" // a record after the block: blanks become tabs
                     "  80\r\n";
         QCOMPARE(rig.lastObtained(), expected);
         QCOMPARE(rig.app().main.lblSystParameters(1).caption(), QStringLiteral("DEG C"));
-    }
-
-    void recordAfterBlockSpacesToTabsInFile()
-    {
-        AppRig rig;
-        rig.startSensing();
-        rig.feed(AppRig::parameterBlock("  DEG F", "2", "72"));
-        const qsizetype before = rig.lastObtained().size();
-        rig.feed("  1234   DEG F\x07");
-        QCOMPARE(rig.lastObtained().mid(before), QByteArray("  1234\t  DEG\tF\r\n"));
     }
 
     void unknownIntervalAskedOnce()

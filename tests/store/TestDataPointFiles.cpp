@@ -219,19 +219,6 @@ private slots:
         QCOMPARE(readAll(path), expected);
     }
 
-    void headerWithParameters()
-    {
-        StoreRig rig;
-        rig.main.lblSystParameters(1).setCaption(QStringLiteral("DEG F"));
-        for (int i = 0; i < 9; ++i)
-            rig.state.SystemParameterText[i] = QStringLiteral("P%1").arg(i);
-        rig.store.setText(QStringLiteral("75"));
-        QVERIFY(rig.text.CreateTextFile2(rig.path("p.txt"), false));
-        const QByteArray bytes = readAll(rig.path("p.txt"));
-        QVERIFY(bytes.startsWith(Header + "\t\tP0\r\n"));
-        QVERIFY(bytes.endsWith("\t\tP8\r\n\r\n\r\n75\r\n"));
-    }
-
     void saveFileDialogs_data()
     {
         QTest::addColumn<bool>("exists");
@@ -310,16 +297,6 @@ private slots:
         QCOMPARE(readAll(text), QByteArray("before\r\n"));
         QCOMPARE(QDir(rig.dir.path()).entryList(QDir::Files | QDir::Hidden),
             QStringList({ "DPStorage.dat", "export.txt" }));
-    }
-
-    void clearSystemParameters()
-    {
-        MainWindowModel main;
-        for (int i = 1; i <= 9; ++i)
-            main.lblSystParameters(i).setCaption(QStringLiteral("x"));
-        ClearSystemParameters(main);
-        for (int i = 1; i <= 9; ++i)
-            QVERIFY(main.lblSystParameters(i).caption().isEmpty());
     }
 
     void liveLogLines_data()

@@ -1,5 +1,4 @@
 #include "support/FakeClock.h"
-#include "support/ReadOnlyDir.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
@@ -92,21 +91,6 @@ private slots:
         SettingsFile::Values back;
         QVERIFY(SettingsFile::Read(path, back));
         QCOMPARE(back, values);
-    }
-
-    void settingsWriteFailureKeepsOldFile()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("Settings.dat");
-        writeAll(path, "old\r\n");
-        SettingsFile::Values values;
-        values.fill(QStringLiteral("new"));
-        {
-            ReadOnlyDir readOnly(dir.path());
-            QVERIFY(!SettingsFile::Write(path, values));
-        }
-        QCOMPARE(readAll(path), QByteArray("old\r\n"));
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList { "Settings.dat" });
     }
 
     void fileHeader_data()

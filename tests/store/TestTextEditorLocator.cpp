@@ -62,23 +62,20 @@ private slots:
         QTest::addColumn<QString>("exec");
         QTest::addColumn<QString>("program");
         QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("field code dropped") << "gedit %U"
-                                            << "gedit" << QStringList();
-        QTest::newRow("options kept") << "kate -b %U"
-                                      << "kate" << QStringList { "-b" };
-        QTest::newRow("quoted program") << "\"/opt/my editor/edit\" --new %f"
-                                        << "/opt/my editor/edit" << QStringList { "--new" };
-        QTest::newRow("escaped quote") << "\"/opt/a\\\"b/ed\""
-                                       << "/opt/a\"b/ed" << QStringList();
-        QTest::newRow("env assignments skipped") << "env GDK_BACKEND=x11 LANG=C mousepad %F"
-                                                 << "mousepad" << QStringList();
-        QTest::newRow("forwarding markers dropped")
-            << "flatpak run org.x.Ed @@u %U @@"
-            << "flatpak" << QStringList { "run", "org.x.Ed" };
-        QTest::newRow("empty") << ""
-                               << "" << QStringList();
-        QTest::newRow("only env") << "env A=1"
-                                  << "" << QStringList();
+        auto row = [](const char* name, const char* exec, const char* program,
+                       const QStringList& arguments) {
+            QTest::newRow(name) << QString(exec) << QString(program) << arguments;
+        };
+        row("field code dropped", "gedit %U", "gedit", {});
+        row("options kept", "kate -b %U", "kate", { "-b" });
+        row("quoted program", "\"/opt/my editor/edit\" --new %f", "/opt/my editor/edit",
+            { "--new" });
+        row("escaped quote", "\"/opt/a\\\"b/ed\"", "/opt/a\"b/ed", {});
+        row("env assignments skipped", "env GDK_BACKEND=x11 LANG=C mousepad %F", "mousepad", {});
+        row("forwarding markers dropped", "flatpak run org.x.Ed @@u %U @@", "flatpak",
+            { "run", "org.x.Ed" });
+        row("empty", "", "", {});
+        row("only env", "env A=1", "", {});
     }
     void parseExec()
     {
@@ -161,37 +158,34 @@ private slots:
         QCOMPARE(path, second);
     }
 
-    void rememberedPathFirst()
+    // Without a registered editor: the remembered path if it is a program, else the common
+    // editors on the PATH in their order.
+    void pathWithoutRegistration_data()
     {
-        Desktop d;
-        const QString chosen = d.program("chosen");
-        d.program("gedit");
-        TextEditorLocator locator(d.search);
-        QString path = chosen;
-        QVERIFY(locator.FindNotepad(path));
-        QCOMPARE(path, chosen);
+        QTest::addColumn<QStringList>("programs"); // on the PATH
+        QTest::addColumn<QString>("remembered"); // relative to the desktop's folder
+        QTest::addColumn<QString>("found");
+        QTest::newRow("remembered path first") << QStringList { "chosen", "gedit" } << "bin/chosen"
+                                               << "bin/chosen";
+        QTest::newRow("remembered path that is no program")
+            << QStringList { "gedit" } << "notes.txt"
+            << "bin/gedit";
+        QTest::newRow("common editors in order") << QStringList { "geany", "kate" } << ""
+                                                 << "bin/kate";
     }
-
-    void rememberedPathThatIsNoProgram()
+    void pathWithoutRegistration()
     {
+        QFETCH(QStringList, programs);
+        QFETCH(QString, remembered);
+        QFETCH(QString, found);
         Desktop d;
-        const QString gedit = d.program("gedit");
+        for (const QString& name : programs)
+            d.program(name.toLatin1().constData());
         writeFile(d.dir.filePath("notes.txt"), "text");
         TextEditorLocator locator(d.search);
-        QString path = d.dir.filePath("notes.txt");
+        QString path = remembered.isEmpty() ? QString() : d.dir.filePath(remembered);
         QVERIFY(locator.FindNotepad(path));
-        QCOMPARE(path, gedit);
-    }
-
-    void commonEditorsInOrder()
-    {
-        Desktop d;
-        d.program("geany");
-        const QString kate = d.program("kate");
-        TextEditorLocator locator(d.search);
-        QString path;
-        QVERIFY(locator.FindNotepad(path));
-        QCOMPARE(path, kate);
+        QCOMPARE(path, d.dir.filePath(found));
     }
 
     void noneFound()

@@ -52,38 +52,30 @@ class TestTempBarSettings : public QObject {
 private slots:
     void loadFillsFromTheBarAndTheSettings_data()
     {
-        QTest::addColumn<QString>("entry15");
-        QTest::addColumn<QString>("entry22");
+        QTest::addColumn<QStringList>("entries"); // 15 and 22
         QTest::addColumn<bool>("alarms");
         QTest::addColumn<bool>("audible");
-        QTest::newRow("both on") << "1"
-                                 << "1" << true << true;
-        QTest::newRow("both off") << "0"
-                                  << "0" << false << false;
-        QTest::newRow("read as numbers") << "1.0"
-                                         << " 1" << true << true;
-        QTest::newRow("empty is off") << ""
-                                      << "" << false << false;
-        QTest::newRow("2 is off") << "2"
-                                  << "yes" << false << false;
+        QTest::newRow("both on") << QStringList { "1", "1" } << true << true;
+        QTest::newRow("both off") << QStringList { "0", "0" } << false << false;
+        QTest::newRow("read as numbers") << QStringList { "1.0", " 1" } << true << true;
+        QTest::newRow("empty is off") << QStringList { "", "" } << false << false;
+        QTest::newRow("2 is off") << QStringList { "2", "yes" } << false << false;
     }
 
     void loadFillsFromTheBarAndTheSettings()
     {
-        QFETCH(QString, entry15);
-        QFETCH(QString, entry22);
+        QFETCH(QStringList, entries);
         Rig r;
         r.bar.SetMaxTemp(300);
         r.bar.SetMinTemp(-20);
         r.bar.SetHighLimit(250);
         r.bar.SetLowLimit(10);
-        r.state.SettingsValues[15] = entry15;
-        r.state.SettingsValues[22] = entry22;
+        r.state.SettingsValues[15] = entries[0];
+        r.state.SettingsValues[22] = entries[1];
         r.dialog.Form_Load();
-        QCOMPARE(r.model.txtMaxTemp.caption(), QStringLiteral("300"));
-        QCOMPARE(r.model.txtMinTemp.caption(), QStringLiteral("-20"));
-        QCOMPARE(r.model.txtHighLimit.caption(), QStringLiteral("250"));
-        QCOMPARE(r.model.txtLowLimit.caption(), QStringLiteral("10"));
+        QCOMPARE(QStringList({ r.model.txtMaxTemp.caption(), r.model.txtMinTemp.caption(),
+                     r.model.txtHighLimit.caption(), r.model.txtLowLimit.caption() }),
+            QStringList({ "300", "-20", "250", "10" }));
         QTEST(r.model.chkEnableAlarms.checked(), "alarms");
         QTEST(r.bar.IsAlarmOn(), "alarms");
         QTEST(r.bar.imageHighLimit.visible(), "alarms");
@@ -92,149 +84,63 @@ private slots:
 
     void checks_data()
     {
-        QTest::addColumn<QString>("max");
-        QTest::addColumn<QString>("min");
-        QTest::addColumn<QString>("high");
-        QTest::addColumn<QString>("low");
+        QTest::addColumn<QStringList>("boxes"); // max, min, high, low
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("focus");
 
         const QString orDisable = ", or\r\nDisable the Enable Alarms Check Box.";
-        QTest::newRow("1 high empty")
-            << "100"
-            << "0"
-            << ""
-            << "25"
-            << "HIGH ALARM LIMIT ERROR"
-            << "Please Enter Value for The High Alarm Limit" + orDisable << "txtHighLimit";
-        QTest::newRow("2 high not numeric")
-            << "100"
-            << "0"
-            << "8O"
-            << "25"
-            << "HIGH ALARM LIMIT ERROR"
-            << "Please Enter Numeric Value for The High Alarm Limit" + orDisable << "txtHighLimit";
-        QTest::newRow("2 high blank")
-            << "100"
-            << "0"
-            << " "
-            << "25"
-            << "HIGH ALARM LIMIT ERROR"
-            << "Please Enter Numeric Value for The High Alarm Limit" + orDisable << "txtHighLimit";
-        QTest::newRow("3 low empty")
-            << "100"
-            << "0"
-            << "85"
-            << ""
-            << "LOW ALARM LIMIT ERROR"
-            << "Please Enter Value for The Low Alarm Limit" + orDisable << "txtLowLimit";
-        QTest::newRow("4 low not numeric, under the high title")
-            << "100"
-            << "0"
-            << "85"
-            << "1.2.3"
-            << "HIGH ALARM LIMIT ERROR"
-            << "Please Enter Numeric Value for The Low Alarm Limit" + orDisable << "txtLowLimit";
-        QTest::newRow("5 limits crossed")
-            << "100"
-            << "0"
-            << "20"
-            << "25"
-            << "ALARM LIMITS ERROR"
-            << "Your Low Alarm Limit is Greater Than Your High Alarm Limit. Please Correct."
-            << "txtHighLimit";
-        QTest::newRow("6 max empty")
-            << ""
-            << "0"
-            << "85"
-            << "25"
-            << "RANGE MAX. TEMP. LIMIT ERROR"
-            << "Please Enter Value for The Range Max. Temp." + orDisable << "txtMaxTemp";
-        QTest::newRow("7 max not numeric")
-            << "1OO"
-            << "0"
-            << "85"
-            << "25"
-            << "RANGE MAX. TEMP. LIMIT ERROR"
-            << "Please Enter Numeric Value for The Range Max. Temp." + orDisable << "txtMaxTemp";
-        QTest::newRow("8 min empty")
-            << "100"
-            << ""
-            << "85"
-            << "25"
-            << "RANGE MIN. TEMP. LIMIT ERROR"
-            << "Please Enter Value for The Range Min. Temp. " + orDisable << "txtMinTemp";
-        QTest::newRow("9 min not numeric")
-            << "100"
-            << "-"
-            << "85"
-            << "25"
-            << "RANGE MIN. TEMP. LIMIT ERROR"
-            << "Please Enter Numeric Value for The Range Min. Temp. " + orDisable << "txtMinTemp";
-        QTest::newRow("10 range reversed")
-            << "0"
-            << "100"
-            << "85"
-            << "25"
-            << "RANGE LIMITS ERROR"
-            << "Your Range Min. Temp. is Greater Than Your Max. Temp. Please Correct."
-            << "txtMaxTemp";
-        QTest::newRow("11 span 29")
-            << "29"
-            << "0"
-            << "20"
-            << "10"
-            << "RANGE LIMITS ERROR - GRAPH RESOLUTION"
-            << "Difference Between Max. Temp. and Min. Temp. Cannot\r\n Be Less Than 30, Due To "
-               "Accuracy Of The IR-System And\r\n Graphical Scaling of Temp. Bar Graph."
-            << "txtMaxTemp";
-        QTest::newRow("11 span 29.9 by value")
-            << "29.9"
-            << "0"
-            << "20"
-            << "10"
-            << "RANGE LIMITS ERROR - GRAPH RESOLUTION"
-            << "Difference Between Max. Temp. and Min. Temp. Cannot\r\n Be Less Than 30, Due To "
-               "Accuracy Of The IR-System And\r\n Graphical Scaling of Temp. Bar Graph."
-            << "txtMaxTemp";
-        QTest::newRow("the first failure wins")
-            << ""
-            << ""
-            << ""
-            << ""
-            << "HIGH ALARM LIMIT ERROR"
-            << "Please Enter Value for The High Alarm Limit" + orDisable << "txtHighLimit";
-        QTest::newRow("40000 is refused before any setter")
-            << "40000"
-            << "0"
-            << "85"
-            << "25"
-            << "RANGE MAX. TEMP. LIMIT ERROR"
-            << "Please Enter a Value Between -32768 and 32767 for The Range Max. Temp."
-            << "txtMaxTemp";
-        QTest::newRow("a low limit below 16 bits")
-            << "100"
-            << "0"
-            << "85"
-            << "-40000"
-            << "LOW ALARM LIMIT ERROR"
-            << "Please Enter a Value Between -32768 and 32767 for The Low Alarm Limit"
-            << "txtLowLimit";
+        const QString high = "HIGH ALARM LIMIT ERROR";
+        const QString span = "Difference Between Max. Temp. and Min. Temp. Cannot\r\n Be Less Than "
+                             "30, Due To Accuracy Of The IR-System And\r\n Graphical Scaling of "
+                             "Temp. Bar Graph.";
+        auto row = [](const char* name, const QStringList& boxes, const QString& title,
+                       const QString& text, const char* focus) {
+            QTest::newRow(name) << boxes << title << text << QString::fromLatin1(focus);
+        };
+        row("1 high empty", { "100", "0", "", "25" }, high,
+            "Please Enter Value for The High Alarm Limit" + orDisable, "txtHighLimit");
+        row("2 high not numeric", { "100", "0", "8O", "25" }, high,
+            "Please Enter Numeric Value for The High Alarm Limit" + orDisable, "txtHighLimit");
+        row("2 high blank", { "100", "0", " ", "25" }, high,
+            "Please Enter Numeric Value for The High Alarm Limit" + orDisable, "txtHighLimit");
+        row("3 low empty", { "100", "0", "85", "" }, "LOW ALARM LIMIT ERROR",
+            "Please Enter Value for The Low Alarm Limit" + orDisable, "txtLowLimit");
+        row("4 low not numeric, under the high title", { "100", "0", "85", "1.2.3" }, high,
+            "Please Enter Numeric Value for The Low Alarm Limit" + orDisable, "txtLowLimit");
+        row("5 limits crossed", { "100", "0", "20", "25" }, "ALARM LIMITS ERROR",
+            "Your Low Alarm Limit is Greater Than Your High Alarm Limit. Please Correct.",
+            "txtHighLimit");
+        row("6 max empty", { "", "0", "85", "25" }, "RANGE MAX. TEMP. LIMIT ERROR",
+            "Please Enter Value for The Range Max. Temp." + orDisable, "txtMaxTemp");
+        row("7 max not numeric", { "1OO", "0", "85", "25" }, "RANGE MAX. TEMP. LIMIT ERROR",
+            "Please Enter Numeric Value for The Range Max. Temp." + orDisable, "txtMaxTemp");
+        row("8 min empty", { "100", "", "85", "25" }, "RANGE MIN. TEMP. LIMIT ERROR",
+            "Please Enter Value for The Range Min. Temp. " + orDisable, "txtMinTemp");
+        row("9 min not numeric", { "100", "-", "85", "25" }, "RANGE MIN. TEMP. LIMIT ERROR",
+            "Please Enter Numeric Value for The Range Min. Temp. " + orDisable, "txtMinTemp");
+        row("10 range reversed", { "0", "100", "85", "25" }, "RANGE LIMITS ERROR",
+            "Your Range Min. Temp. is Greater Than Your Max. Temp. Please Correct.", "txtMaxTemp");
+        row("11 span 29.9 by value", { "29.9", "0", "20", "10" },
+            "RANGE LIMITS ERROR - GRAPH RESOLUTION", span, "txtMaxTemp");
+        row("the first failure wins", { "", "", "", "" }, high,
+            "Please Enter Value for The High Alarm Limit" + orDisable, "txtHighLimit");
+        row("40000 is refused before any setter", { "40000", "0", "85", "25" },
+            "RANGE MAX. TEMP. LIMIT ERROR",
+            "Please Enter a Value Between -32768 and 32767 for The Range Max. Temp.", "txtMaxTemp");
+        row("a low limit below 16 bits", { "100", "0", "85", "-40000" }, "LOW ALARM LIMIT ERROR",
+            "Please Enter a Value Between -32768 and 32767 for The Low Alarm Limit", "txtLowLimit");
     }
 
     void checks()
     {
-        QFETCH(QString, max);
-        QFETCH(QString, min);
-        QFETCH(QString, high);
-        QFETCH(QString, low);
+        QFETCH(QStringList, boxes);
         Rig r;
         r.bar.SetMaxTemp(200);
         r.dialog.Form_Load();
         const QStringList entriesBefore = r.entries();
         const QList<int> barBefore = r.barValues();
-        r.type(max, min, high, low);
+        r.type(boxes[0], boxes[1], boxes[2], boxes[3]);
         r.dialog.cmdAccept_Click();
         const auto shown = r.prompter.messages();
         QCOMPARE(int(shown.size()), 1);
@@ -251,56 +157,35 @@ private slots:
 
     void accepted_data()
     {
-        QTest::addColumn<QString>("max");
-        QTest::addColumn<QString>("min");
-        QTest::addColumn<QString>("high");
-        QTest::addColumn<QString>("low");
-        QTest::addColumn<QList<int>>("bar");
-        QTest::addColumn<QStringList>("entries");
-        QTest::newRow("plain") << "300"
-                               << "-20"
-                               << "250"
-                               << "10" << QList<int> { 300, -20, 250, 10 }
-                               << QStringList { "300", "-20", "250", "10", "1" };
+        QTest::addColumn<QStringList>("boxes"); // max, min, high, low
+        QTest::addColumn<QList<int>>("bar"); // also what entries 11 to 14 hold
+        QTest::newRow("plain") << QStringList { "300", "-20", "250", "10" }
+                               << QList<int> { 300, -20, 250, 10 };
         QTest::newRow("span of exactly 30")
-            << "30"
-            << "0"
-            << "20"
-            << "10" << QList<int> { 30, 0, 20, 10 } << QStringList { "30", "0", "20", "10", "1" };
+            << QStringList { "30", "0", "20", "10" } << QList<int> { 30, 0, 20, 10 };
         QTest::newRow("equal limits")
-            << "100"
-            << "0"
-            << "50"
-            << "50" << QList<int> { 100, 0, 50, 50 } << QStringList { "100", "0", "50", "50", "1" };
-        QTest::newRow("halves round to even") << "130.5"
-                                              << "-0.5"
-                                              << "12.5"
-                                              << "11.5" << QList<int> { 130, 0, 12, 12 }
-                                              << QStringList { "130", "0", "12", "12", "1" };
-        QTest::newRow("blanks and exponents") << " 2e2 "
-                                              << "1E1"
-                                              << "+85"
-                                              << "25 " << QList<int> { 200, 10, 85, 25 }
-                                              << QStringList { "200", "10", "85", "25", "1" };
-        QTest::newRow("limits outside the range") << "100"
-                                                  << "0"
-                                                  << "500"
-                                                  << "-500" << QList<int> { 100, 0, 500, -500 }
-                                                  << QStringList { "100", "0", "500", "-500", "1" };
+            << QStringList { "100", "0", "50", "50" } << QList<int> { 100, 0, 50, 50 };
+        QTest::newRow("halves round to even")
+            << QStringList { "130.5", "-0.5", "12.5", "11.5" } << QList<int> { 130, 0, 12, 12 };
+        QTest::newRow("blanks and exponents")
+            << QStringList { " 2e2 ", "1E1", "+85", "25 " } << QList<int> { 200, 10, 85, 25 };
+        QTest::newRow("limits outside the range")
+            << QStringList { "100", "0", "500", "-500" } << QList<int> { 100, 0, 500, -500 };
     }
 
     void accepted()
     {
-        QFETCH(QString, max);
-        QFETCH(QString, min);
-        QFETCH(QString, high);
-        QFETCH(QString, low);
+        QFETCH(QStringList, boxes);
+        QFETCH(QList<int>, bar);
         Rig r;
-        r.type(max, min, high, low);
+        r.type(boxes[0], boxes[1], boxes[2], boxes[3]);
         r.dialog.cmdAccept_Click();
         QVERIFY(r.prompter.messages().empty());
-        QTEST(r.barValues(), "bar");
-        QTEST(r.entries(), "entries");
+        QCOMPARE(r.barValues(), bar);
+        QStringList entries;
+        for (int value : bar)
+            entries << QString::number(value);
+        QCOMPARE(r.entries(), entries << QStringLiteral("1"));
         QCOMPARE(r.limitLineUpdates, 1);
         QCOMPARE(r.closes.count(), 1);
         QVERIFY(!r.dialog.loaded());

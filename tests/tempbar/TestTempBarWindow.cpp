@@ -172,13 +172,6 @@ private slots:
         r.app.tempBarWindow.mnuViewTempBar_Click();
         QCOMPARE(r.app.bar.lblTempBar.caption(), QStringLiteral("TEMP. BAR - DEG C"));
     }
-
-    void configureOpensTheSettings()
-    {
-        Rig r;
-        r.app.tempBarWindow.mnuConfigure_Click();
-        QCOMPARE(r.windows.calls, QStringList({ "settings" }));
-    }
 };
 
 TALAVEX_TEST(TestTempBarWindow)

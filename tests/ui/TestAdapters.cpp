@@ -1,3 +1,4 @@
+#include "support/ModalDriver.h"
 #include "support/TestRegistry.h"
 
 #include "ui/QtBeeper.h"
@@ -19,52 +20,13 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QtEndian>
-#include <functional>
 
 Q_DECLARE_METATYPE(Prompter::Buttons)
 Q_DECLARE_METATYPE(Prompter::Icon)
 Q_DECLARE_METATYPE(Prompter::Answer)
 
 namespace {
-
-// Waits on the event loop for the next modal dialog of type T and hands it to `act`. A dialog
-// of another kind, or one still open a few seconds on, is rejected so that a broken adapter fails
-// the test instead of hanging it.
-template <typename T> class ModalDriver {
-public:
-    explicit ModalDriver(std::function<void(T*)> act)
-        : act_(std::move(act))
-    {
-        timer_.setInterval(10);
-        QObject::connect(&timer_, &QTimer::timeout, [this] { poll(); });
-        timer_.start();
-    }
-    bool seen() const { return seen_; }
-
-private:
-    void poll()
-    {
-        QWidget* modal = QApplication::activeModalWidget();
-        auto* dialog = qobject_cast<T*>(modal);
-        if (!seen_ && dialog && dialog->isVisible()) {
-            seen_ = true;
-            act_(dialog);
-            return;
-        }
-        if (++polls_ < 500 && (!modal || dialog))
-            return;
-        polls_ = 0;
-        if (auto* stuck = qobject_cast<QDialog*>(modal))
-            stuck->reject();
-    }
-
-    std::function<void(T*)> act_;
-    QTimer timer_;
-    int polls_ = 0;
-    bool seen_ = false;
-};
 
 // Types a name into a file chooser's name box, as the operator would.
 void typeFileName(QFileDialog* dialog, const QString& name)
@@ -191,15 +153,18 @@ private slots:
         QFETCH(Prompter::Answer, answer);
 
         const QString title = QStringLiteral("WARNING - SYSTEM'S RAM BELOW REQUIREMENTS");
-        const QString text = QStringLiteral("FIRST LINE,\r\nSECOND  LINE <b>not bold</b>");
         QString seenTitle, seenText;
         int seenButtons = 0;
         QMessageBox::Icon seenIcon = QMessageBox::NoIcon;
         QMessageBox::StandardButton seenDefault = QMessageBox::NoButton;
         Qt::WindowModality seenModality = Qt::NonModal;
+        Qt::TextFormat seenFormat = Qt::AutoText;
         ModalDriver<QMessageBox> driver([&](QMessageBox* box) {
             seenTitle = box->windowTitle();
-            seenText = box->text();
+            if (auto* label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+                seenText = label->text();
+                seenFormat = label->textFormat();
+            }
             seenButtons = int(box->standardButtons());
             seenIcon = box->icon();
             seenDefault = box->defaultButton() ? box->standardButton(box->defaultButton())
@@ -212,33 +177,17 @@ private slots:
         });
 
         QtPrompter prompter;
-        const Prompter::Answer got = prompter.message(title, text, buttons, icon, preferred);
+        const Prompter::Answer got = prompter.message(
+            title, QStringLiteral("A,\r\nB\rC  D\n<b>not bold</b>"), buttons, icon, preferred);
         QVERIFY(driver.seen());
         QCOMPARE(seenTitle, title);
-        QCOMPARE(seenText, QStringLiteral("FIRST LINE,\nSECOND  LINE <b>not bold</b>"));
+        QCOMPARE(seenFormat, Qt::PlainText);
+        QCOMPARE(seenText, QStringLiteral("A,\nB\nC  D\n<b>not bold</b>"));
         QCOMPARE(seenButtons, shownButtons);
         QCOMPARE(seenIcon, shownIcon);
         QCOMPARE(seenDefault, shownDefault);
         QCOMPARE(seenModality, Qt::ApplicationModal);
         QCOMPARE(got, answer);
-    }
-
-    void messageBoxShowsTextPlainAndOnLines()
-    {
-        QString shown;
-        Qt::TextFormat format = Qt::AutoText;
-        ModalDriver<QMessageBox> driver([&](QMessageBox* box) {
-            if (auto* label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
-                shown = label->text();
-                format = label->textFormat();
-            }
-            box->button(QMessageBox::Ok)->click();
-        });
-        QtPrompter prompter;
-        prompter.message(QStringLiteral("T"), QStringLiteral("A\r\nB\rC\nD <i>E</i>"));
-        QVERIFY(driver.seen());
-        QCOMPARE(format, Qt::PlainText);
-        QCOMPARE(shown.split(QLatin1Char('\n')), QStringList({ "A", "B", "C", "D <i>E</i>" }));
     }
 
     void messageBoxIsParentedToActiveWindow()
@@ -318,31 +267,39 @@ private slots:
         QCOMPARE(QtPrompter::nameFilters(filter), expected);
     }
 
-    void saveFileName_data()
+    void fileChooser_data()
     {
+        QTest::addColumn<bool>("save");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("accept");
         QTest::addColumn<QString>("expected"); // relative to the directory; empty: nothing chosen
-        QTest::newRow("extension added") << "RUN 1" << true << "RUN 1.txt";
-        QTest::newRow("extension kept") << "RUN.txt" << true << "RUN.txt";
-        QTest::newRow("other extension kept") << "RUN.dat" << true << "RUN.dat";
-        QTest::newRow("cancelled") << "RUN" << false << "";
+        QTest::newRow("save: extension added") << true << "RUN 1" << true << "RUN 1.txt";
+        QTest::newRow("save: extension kept") << true << "RUN.txt" << true << "RUN.txt";
+        QTest::newRow("save: other extension kept") << true << "RUN.dat" << true << "RUN.dat";
+        QTest::newRow("save: cancelled") << true << "RUN" << false << "";
+        QTest::newRow("open: an existing file") << false << "OLD RUN.txt" << true << "OLD RUN.txt";
     }
-    void saveFileName()
+    void fileChooser()
     {
+        QFETCH(bool, save);
         QFETCH(QString, typed);
         QFETCH(bool, accept);
         QFETCH(QString, expected);
         QTemporaryDir dir;
+        QFile existing(QDir(dir.path()).filePath(QStringLiteral("OLD RUN.txt")));
+        QVERIFY(existing.open(QIODevice::WriteOnly));
+        existing.close();
         QString seenTitle, seenDirectory;
         QStringList seenFilters;
-        bool saving = false;
+        bool modeRight = false;
         bool nonNative = false;
         ModalDriver<QFileDialog> driver([&](QFileDialog* dialog) {
             seenTitle = dialog->windowTitle();
             seenDirectory = dialog->directory().absolutePath();
             seenFilters = dialog->nameFilters();
-            saving = dialog->acceptMode() == QFileDialog::AcceptSave;
+            modeRight = save ? dialog->acceptMode() == QFileDialog::AcceptSave
+                             : dialog->acceptMode() == QFileDialog::AcceptOpen
+                    && dialog->fileMode() == QFileDialog::ExistingFile;
             nonNative = dialog->testOption(QFileDialog::DontUseNativeDialog);
             typeFileName(dialog, typed);
             accept ? static_cast<QDialog*>(dialog)->accept() : dialog->reject();
@@ -352,35 +309,15 @@ private slots:
         choice.filter = QStringLiteral("*.txt");
         choice.defaultExtension = QStringLiteral("txt");
         choice.directory = dir.path();
-        const QString chosen = QtPrompter().saveFileName(choice);
+        const QString chosen
+            = save ? QtPrompter().saveFileName(choice) : QtPrompter().openFileName(choice);
         QVERIFY(driver.seen());
         QCOMPARE(seenTitle, choice.title);
         QCOMPARE(seenDirectory, QDir(dir.path()).absolutePath());
         QCOMPARE(seenFilters, QtPrompter::nameFilters(choice.filter));
-        QVERIFY(saving);
+        QVERIFY(modeRight);
         QVERIFY(nonNative);
         QCOMPARE(chosen, expected.isEmpty() ? QString() : QDir(dir.path()).filePath(expected));
-    }
-
-    void openFileName()
-    {
-        QTemporaryDir dir;
-        const QString existing = QDir(dir.path()).filePath(QStringLiteral("OLD RUN.txt"));
-        QFile file(existing);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-        bool opening = false;
-        ModalDriver<QFileDialog> driver([&](QFileDialog* dialog) {
-            opening = dialog->acceptMode() == QFileDialog::AcceptOpen
-                && dialog->fileMode() == QFileDialog::ExistingFile;
-            typeFileName(dialog, existing);
-            static_cast<QDialog*>(dialog)->accept();
-        });
-        Prompter::FileChoice choice { QStringLiteral("LOAD FILE"), QStringLiteral("*.txt"),
-            QStringLiteral("txt"), dir.path(), {} };
-        QCOMPARE(QtPrompter().openFileName(choice), existing);
-        QVERIFY(driver.seen());
-        QVERIFY(opening);
     }
 
     // --- beeper -----------------------------------------------------------------------------

@@ -1,8 +1,7 @@
-#include "support/AppRig.h"
 #include "support/TestRegistry.h"
+#include "support/WindowRig.h"
 #include "support/XlsxReader.h"
 
-#include "ui/MainWindow.h"
 #include "ui/StoredPointsWindow.h"
 #include "xlsx/XlsxWorkbookWriter.h"
 
@@ -15,23 +14,9 @@
 class TestDataFilesWindows : public QObject {
     Q_OBJECT
 
-    struct Fixture {
-        AppRig rig;
-        MainWindow window { rig.app(), nullptr };
+    struct Fixture : WindowRig {
         XlsxWorkbookWriter workbook;
-        Fixture()
-        {
-            rig.app().controller.Form_Load();
-            rig.app().spreadsheet.setWriter(&workbook);
-            window.show();
-        }
-        void trigger(const char* name)
-        {
-            QAction* a = window.findChild<QAction*>(QString::fromLatin1(name));
-            QVERIFY2(a, name);
-            a->trigger();
-            QCoreApplication::processEvents();
-        }
+        Fixture() { app().spreadsheet.setWriter(&workbook); }
     };
 
 private slots:
@@ -71,18 +56,13 @@ private slots:
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("title");
-        QTest::newRow("SAVE FILE, nothing to save") << "mnuSaveFile"
-                                                    << "message"
-                                                    << "NO DATA TO SAVE";
-        QTest::newRow("LOAD FILE") << "mnuLoadFile"
-                                   << "open"
-                                   << "LOAD FILE";
-        QTest::newRow("TEXT STAMP") << "mnuTextStamp"
-                                    << "input"
-                                    << "TEXT STAMP ENTRY";
-        QTest::newRow("EXCEL, nothing to save") << "mnuCreateExcelFile"
-                                                << "message"
-                                                << "NO DATA TO SAVE";
+        auto row = [](const char* name, const char* action, const char* kind, const char* title) {
+            QTest::newRow(name) << QString(action) << QString(kind) << QString(title);
+        };
+        row("SAVE FILE, nothing to save", "mnuSaveFile", "message", "NO DATA TO SAVE");
+        row("LOAD FILE", "mnuLoadFile", "open", "LOAD FILE");
+        row("TEXT STAMP", "mnuTextStamp", "input", "TEXT STAMP ENTRY");
+        row("EXCEL, nothing to save", "mnuCreateExcelFile", "message", "NO DATA TO SAVE");
     }
     void menuCommands()
     {

@@ -1,10 +1,10 @@
-#include "support/AppRig.h"
 #include "support/BarPaint.h"
+#include "support/ModalDriver.h"
 #include "support/TestRegistry.h"
+#include "support/WindowRig.h"
 
 #include "ui/ControlTesterDialog.h"
 #include "ui/DemoWindowHost.h"
-#include "ui/MainWindow.h"
 #include "ui/SplashWindow.h"
 #include "ui/SystemStatusWindow.h"
 #include "ui/TempBarWidget.h"
@@ -19,46 +19,23 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QTest>
-#include <QTimer>
 
 // The demo menu on the real main window: the control tester beside the bar, and the splash.
 class TestDemoGui : public QObject {
     Q_OBJECT
 
-    struct Fixture {
-        AppRig rig;
-        MainWindow window { rig.app(), nullptr };
-        Fixture()
-        {
-            rig.app().controller.Form_Load();
-            window.show();
-        }
-        void trigger(const char* name)
-        {
-            auto* action = window.findChild<QAction*>(QString::fromLatin1(name));
-            QVERIFY2(action, name);
-            action->trigger();
-            QCoreApplication::processEvents();
-        }
-    };
-
 private slots:
     void controlTesterFromTheMenuMovesTheBar()
     {
-        Fixture f;
+        WindowRig f;
         Application& app = f.rig.app();
         const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
-        bool ran = false;
         QColor before, green, cyan;
         int topAt75 = 0;
         QString title, reading;
         bool besideTheBar = false;
         bool statusShown = false;
-        QTimer::singleShot(0, [&] {
-            auto* tester = qobject_cast<ControlTesterDialog*>(QApplication::activeModalWidget());
-            if (!tester)
-                return;
-            ran = true;
+        ModalDriver<ControlTesterDialog> driver([&](ControlTesterDialog* tester) {
             title = tester->windowTitle();
             TempBarWindow* barWindow = f.window.tempBarWindows()->window();
             TempBarWidget* bar = barWindow->barWidget();
@@ -82,17 +59,13 @@ private slots:
             QCoreApplication::processEvents();
             tester->findChild<QPushButton*>("cmdClose")->click();
         });
-        QTimer::singleShot(5000, [] {
-            if (QWidget* modal = QApplication::activeModalWidget())
-                modal->close();
-        });
         f.trigger("mnuControlTester");
 
-        QVERIFY(ran);
+        QVERIFY(driver.seen());
         QCOMPARE(title, QStringLiteral("CONTROL TESTER"));
         QVERIFY(statusShown);
         QVERIFY(besideTheBar);
-        QVERIFY(f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+        QVERIFY(f.action("mnuViewTempBar")->isChecked());
         QVERIFY(barpaint::near(before, QColor(Qt::black)));
         QCOMPARE(topAt75, TempBar::BarBottom - TempBar::FullHeight * 3 / 4);
         QCOMPARE(reading, QStringLiteral("READING: 75"));
@@ -107,7 +80,7 @@ private slots:
 
     void splashFromTheMenuStaysUntilClicked()
     {
-        Fixture f;
+        WindowRig f;
         f.trigger("mnuSplash");
         QPointer<SplashWindow> splash = f.window.demoWindows()->splash();
         QVERIFY(splash && splash->isVisible());
@@ -120,17 +93,6 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(splash.isNull());
         QVERIFY(f.window.isVisible());
-    }
-
-    void searchForIrKeepsItsCheckMark()
-    {
-        Fixture f;
-        f.trigger("mnuSearchForIR");
-        auto* action = f.window.findChild<QAction*>("mnuSearchForIR");
-        QVERIFY(action->isChecked());
-        QCOMPARE(f.rig.prompter.titles(), QStringList { "READINGS ON THE CHART" });
-        f.trigger("mnuStop");
-        QVERIFY(!action->isChecked());
     }
 };
 

@@ -1,7 +1,6 @@
-#include "support/AppRig.h"
 #include "support/TestRegistry.h"
+#include "support/WindowRig.h"
 
-#include "ui/MainWindow.h"
 #include "ui/StoredPointsWindow.h"
 #include "ui/SystemStatusWindow.h"
 
@@ -15,28 +14,6 @@
 
 class TestMainWindow : public QObject {
     Q_OBJECT
-
-    // The real window on the rig's application; the rig's host is replaced by the window.
-    struct Fixture {
-        AppRig rig;
-        MainWindow window { rig.app(), nullptr };
-        Fixture()
-        {
-            rig.app().controller.Form_Load();
-            window.show();
-        }
-        QAction* action(const char* name)
-        {
-            return window.findChild<QAction*>(QString::fromLatin1(name));
-        }
-        void trigger(const char* name)
-        {
-            QAction* a = action(name);
-            QVERIFY2(a, name);
-            a->trigger();
-            QCoreApplication::processEvents();
-        }
-    };
 
 private slots:
     void captions_data()
@@ -87,7 +64,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(QString, caption);
-        Fixture f;
+        WindowRig f;
         QAction* action = f.window.findChild<QAction*>(name);
         QVERIFY(action);
         QCOMPARE(action->text(), caption);
@@ -95,7 +72,7 @@ private slots:
 
     void menuBarLayout()
     {
-        Fixture f;
+        WindowRig f;
         QCOMPARE(f.window.windowTitle(), QStringLiteral("TALAVEX"));
         QStringList top;
         for (QAction* a : f.window.menuBar()->actions())
@@ -114,7 +91,7 @@ private slots:
 
     void sensingFromTheMenu()
     {
-        Fixture f;
+        WindowRig f;
         f.trigger("mnuSenseTemperature");
         QVERIFY(f.action("mnuSenseTemperature")->isChecked());
         QVERIFY(!f.window.findChild<QMenu*>("mnuFile")->menuAction()->isEnabled());
@@ -134,7 +111,7 @@ private slots:
 
     void downloadWindow()
     {
-        Fixture f;
+        WindowRig f;
         f.trigger("mnuDownloadData");
         StoredPointsWindow* window = f.window.storedPointsWindow();
         QVERIFY(window && window->isVisible());
@@ -159,7 +136,7 @@ private slots:
 
     void systemStatusWindow()
     {
-        Fixture f;
+        WindowRig f;
         f.trigger("mnuViewSystemStatus");
         QVERIFY(f.window.systemStatusWindow()->isVisible());
         QVERIFY(f.rig.app().state.SystemStatusVisible);

@@ -2,13 +2,8 @@
 
 #include "base/AppState.h"
 #include "link/IRSystem.h"
-#include "link/PortMap.h"
-#include "link/ProgramParametersController.h"
-#include "link/ProgramParametersModel.h"
 #include "link/sim/SimulatedInstrument.h"
-#include "support/FakePrompter.h"
-#include "support/FakeSerialPort.h"
-#include "support/FakeSystemInfo.h"
+#include "support/ParametersRig.h"
 #include "ui/IRSystemWidget.h"
 #include "ui/LinuxSystemInfo.h"
 #include "ui/ProgramParametersDialog.h"
@@ -25,25 +20,14 @@
 #include <QTest>
 
 namespace {
-struct DialogRig {
+// The dialog on the controller, the search opening real serial ports.
+struct DialogRig : ParametersRig {
     DialogRig()
-        : controller(
-            state, model, port, info, ports, [this] { return devices; }, prompter,
-            &QtSerialPort::forDevice)
+        : ParametersRig(&QtSerialPort::forDevice)
         , dialog(model, controller)
     {
-        state.ProgramDirectory = dir.path();
         info.totalMemory = 65536000;
     }
-    QTemporaryDir dir;
-    AppState state;
-    ProgramParametersModel model;
-    FakeSerialPort port;
-    FakeSystemInfo info;
-    PortMap ports;
-    QStringList devices { QStringLiteral("/dev/ttyS0"), QStringLiteral("/dev/ttyUSB0") };
-    FakePrompter prompter;
-    ProgramParametersController controller;
     ProgramParametersDialog dialog;
 
     template <typename T> T* find(const char* name)
@@ -104,35 +88,6 @@ private slots:
                 QVERIFY2(frames.at(i) != frames.at(j),
                     qPrintable(QStringLiteral("%1 %2").arg(i).arg(j)));
         }
-    }
-
-    void dialogControls_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("className");
-        QTest::newRow("port list") << "comCommPort"
-                                   << "QComboBox";
-        QTest::newRow("device chooser") << "comDevice"
-                                        << "QComboBox";
-        QTest::newRow("processor") << "lblProcessor"
-                                   << "QLabel";
-        QTest::newRow("ram size") << "lblRamSize"
-                                  << "QLabel";
-        QTest::newRow("available ram") << "lblAvailiableRam"
-                                       << "QLabel";
-        QTest::newRow("data points") << "txtDataPoints"
-                                     << "QLineEdit";
-        QTest::newRow("ok") << "cmdOK"
-                            << "QPushButton";
-    }
-    void dialogControls()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, className);
-        DialogRig rig;
-        QWidget* widget = rig.dialog.findChild<QWidget*>(name);
-        QVERIFY(widget);
-        QCOMPARE(QString::fromLatin1(widget->metaObject()->className()), className);
     }
 
     void dialogShowsTheLoadedFacts()

@@ -1,8 +1,8 @@
-#include "support/AppRig.h"
 #include "support/BarPaint.h"
+#include "support/ModalDriver.h"
 #include "support/TestRegistry.h"
+#include "support/WindowRig.h"
 
-#include "ui/MainWindow.h"
 #include "ui/TempBarSettingsDialog.h"
 #include "ui/TempBarWidget.h"
 #include "ui/TempBarWindow.h"
@@ -15,28 +15,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 // The bar window opened from the main window's menu, fed through the receive handler, and
 // read back from what it paints.
 class TestTempBarWindowGui : public QObject {
     Q_OBJECT
 
-    struct Fixture {
-        AppRig rig;
-        MainWindow window { rig.app(), nullptr };
-        Fixture()
-        {
-            rig.app().controller.Form_Load();
-            window.show();
-        }
-        void trigger(QWidget& root, const char* name)
-        {
-            auto* action = root.findChild<QAction*>(QString::fromLatin1(name));
-            QVERIFY2(action, name);
-            action->trigger();
-            QCoreApplication::processEvents();
-        }
+    struct Fixture : WindowRig {
         TempBarWindow* barWindow() { return window.tempBarWindows()->window(); }
     };
 
@@ -44,16 +29,16 @@ private slots:
     void menuOpensTheWindowAndReadingsMoveTheBar()
     {
         Fixture f;
-        f.trigger(f.window, "mnuViewTempBar");
+        f.trigger("mnuViewTempBar");
         TempBarWindow* bar = f.barWindow();
         QVERIFY(bar && bar->isVisible());
         QCOMPARE(bar->windowTitle(), QStringLiteral("TEMP BAR"));
         QCOMPARE(bar->findChild<QAction*>("mnuConfigure")->text(), QStringLiteral("&CONFIGURE"));
         TempBarWidget* widget = bar->barWidget();
         QCOMPARE(widget->objectName(), QStringLiteral("TempBar1"));
-        QVERIFY(f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+        QVERIFY(f.action("mnuViewTempBar")->isChecked());
 
-        f.trigger(f.window, "mnuSenseTemperature");
+        f.trigger("mnuSenseTemperature");
         f.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
         QCoreApplication::processEvents();
         const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
@@ -69,7 +54,7 @@ private slots:
         bar->close();
         QCoreApplication::processEvents();
         QVERIFY(!f.rig.app().state.TempBarVisible);
-        QVERIFY(!f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+        QVERIFY(!f.action("mnuViewTempBar")->isChecked());
         f.rig.feed("  20\x07");
         QCOMPARE(f.rig.app().bar.indicatorTop(), 4140 - 3420);
     }
@@ -77,24 +62,21 @@ private slots:
     void menuClosesTheWindowAgain()
     {
         Fixture f;
-        f.trigger(f.window, "mnuViewTempBar");
+        f.trigger("mnuViewTempBar");
         QVERIFY(f.barWindow()->isVisible());
-        f.trigger(f.window, "mnuViewTempBar");
+        f.trigger("mnuViewTempBar");
         QVERIFY(!f.barWindow()->isVisible());
         QVERIFY(!f.rig.app().state.TempBarVisible);
-        QVERIFY(!f.window.findChild<QAction*>("mnuViewTempBar")->isChecked());
+        QVERIFY(!f.action("mnuViewTempBar")->isChecked());
     }
 
     void failedCheckPutsTheFocusBack()
     {
         Fixture f;
-        f.trigger(f.window, "mnuViewTempBar");
+        f.trigger("mnuViewTempBar");
         QString focused;
         bool stillOpen = false;
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<TempBarSettingsDialog*>(QApplication::activeModalWidget());
-            if (!dialog)
-                return;
+        ModalDriver<TempBarSettingsDialog> driver([&](TempBarSettingsDialog* dialog) {
             auto* low = dialog->findChild<QLineEdit*>("txtLowLimit");
             low->setText(QStringLiteral("cold"));
             emit low->textEdited(low->text());
@@ -103,11 +85,7 @@ private slots:
             stillOpen = dialog->isVisible();
             dialog->findChild<QPushButton*>("cmdCancel")->click();
         });
-        QTimer::singleShot(2000, [] {
-            if (QWidget* modal = QApplication::activeModalWidget())
-                modal->close();
-        });
-        f.trigger(*f.barWindow(), "mnuConfigure");
+        f.trigger("mnuConfigure", f.barWindow());
         QCOMPARE(f.rig.prompter.titles(), QStringList({ "HIGH ALARM LIMIT ERROR" }));
         QCOMPARE(focused, QStringLiteral("txtLowLimit"));
         QVERIFY(stillOpen);
@@ -150,13 +128,10 @@ private slots:
     void configureRunsTheModalDialog()
     {
         Fixture f;
-        f.trigger(f.window, "mnuViewTempBar");
+        f.trigger("mnuViewTempBar");
         TempBarWindow* bar = f.barWindow();
         QStringList seen;
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<TempBarSettingsDialog*>(QApplication::activeModalWidget());
-            if (!dialog)
-                return;
+        ModalDriver<TempBarSettingsDialog> driver([&](TempBarSettingsDialog* dialog) {
             seen << dialog->windowTitle() << dialog->findChild<QGroupBox*>("Frame1")->title()
                  << dialog->findChild<QLineEdit*>("txtMaxTemp")->text();
             seen << (dialog->focusWidget() ? dialog->focusWidget()->objectName() : QString());
@@ -167,11 +142,7 @@ private slots:
             // Enter in the box accepts.
             QTest::keyClick(max, Qt::Key_Return);
         });
-        QTimer::singleShot(2000, [] {
-            if (QWidget* modal = QApplication::activeModalWidget())
-                modal->close();
-        });
-        f.trigger(*bar, "mnuConfigure");
+        f.trigger("mnuConfigure", bar);
         QCOMPARE(seen,
             QStringList({ "TEMPERATURE BAR SETTINGS", "RANGE SETTINGS", "100", "txtMaxTemp" }));
         QCOMPARE(f.rig.app().bar.GetMaxTemp(), qint16(250));

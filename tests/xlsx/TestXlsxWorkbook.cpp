@@ -1,4 +1,5 @@
 #include "support/ReadOnlyDir.h"
+#include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 #include "support/XlsxReader.h"
 
@@ -89,11 +90,8 @@ private slots:
     {
         QFETCH(bool, readOnly);
         QTemporaryDir dir;
-        QString path = dir.filePath("book.xlsx");
-        QFile old(path);
-        QVERIFY(old.open(QIODevice::WriteOnly));
-        old.write("previous workbook");
-        old.close();
+        const QString path = dir.filePath("book.xlsx");
+        testfiles::writeAll(path, "previous workbook");
         XlsxWorkbookWriter writer;
         if (readOnly) {
             ReadOnlyDir guard(dir.path());
@@ -101,8 +99,7 @@ private slots:
         } else {
             QVERIFY(!writer.write(dir.filePath("missing/book.xlsx"), sample()));
         }
-        QVERIFY(old.open(QIODevice::ReadOnly));
-        QCOMPARE(old.readAll(), QByteArray("previous workbook"));
+        QCOMPARE(testfiles::readAll(path), QByteArray("previous workbook"));
         QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
             QStringList { "book.xlsx" });
     }

@@ -1,5 +1,7 @@
 #include "support/TestRegistry.h"
 
+#include "SimRecords.h"
+
 #include "PtyReader.h"
 #include "link/sim/InstrumentSimulator.h"
 #include "link/sim/PtyServer.h"
@@ -15,15 +17,6 @@
 Q_DECLARE_METATYPE(SimulatorOptions)
 
 namespace {
-
-QByteArray records(const SimulatorOptions& options, int count)
-{
-    InstrumentSimulator sim(options);
-    QByteArray bytes;
-    for (int i = 0; i < count && !sim.finished(); ++i)
-        bytes += sim.nextRecord();
-    return bytes;
-}
 
 SimulatorOptions download(int stored, int empty)
 {
@@ -99,7 +92,7 @@ private slots:
             QCOMPARE(indices.at(k), k);
             QCOMPARE(sentAt.at(k), total);
         }
-        const QByteArray stream = records(options, 10);
+        const QByteArray stream = simRecords(options, 10);
         QTRY_VERIFY(received.size() >= total);
         QVERIFY(stream.startsWith(received));
         instrument.stop();
@@ -128,9 +121,9 @@ private slots:
         instrument.start(memory);
         QTRY_COMPARE(finished.size(), 1);
         QVERIFY(instrument.isDrained());
-        QTRY_COMPARE(instrument.server().unreadBytes(), records(memory, 100).size());
+        QTRY_COMPARE(instrument.server().unreadBytes(), simRecords(memory, 100).size());
         reader.readAvailable();
-        QCOMPARE(reader.data, records(memory, 100));
+        QCOMPARE(reader.data, simRecords(memory, 100));
     }
 
     void toolServesTheStream_data()
@@ -188,7 +181,7 @@ private slots:
 
         PtyReader reader(path);
         QVERIFY(reader.isOpen());
-        const QByteArray expected = records(options, recordCount);
+        const QByteArray expected = simRecords(options, recordCount);
         QTRY_VERIFY_WITH_TIMEOUT(reader.data.size() >= expected.size(), 20000);
         QCOMPARE(reader.data.left(expected.size()), expected);
 

@@ -1,5 +1,7 @@
 #include "support/TestRegistry.h"
 
+#include "SimRecords.h"
+
 #include "base/Numbers.h"
 #include "link/sim/InstrumentSimulator.h"
 
@@ -59,15 +61,6 @@ QString numbered(int from, int to)
     for (int i = from; i <= to; ++i)
         words << QStringLiteral("#%1").arg(i, 3, 10, QLatin1Char('0'));
     return words.join(' ');
-}
-
-QByteArray stream(const SimulatorOptions& options, int maxRecords)
-{
-    InstrumentSimulator sim(options);
-    QByteArray bytes;
-    for (int i = 0; i < maxRecords && !sim.finished(); ++i)
-        bytes += sim.nextRecord();
-    return bytes;
 }
 
 // The value of a real-time reading the way the receiving end reads it: the field before the
@@ -340,10 +333,10 @@ private slots:
         options.fault = fault;
         options.faultAfter = 1;
         options.seed = 42;
-        const QByteArray first = stream(options, 300);
-        QCOMPARE(stream(options, 300), first);
+        const QByteArray first = simRecords(options, 300);
+        QCOMPARE(simRecords(options, 300), first);
         options.seed = 43;
-        QVERIFY(stream(options, 300) != first);
+        QVERIFY(simRecords(options, 300) != first);
     }
 
     void waveform_data()

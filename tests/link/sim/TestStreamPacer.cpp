@@ -1,5 +1,7 @@
 #include "support/TestRegistry.h"
 
+#include "SimRecords.h"
+
 #include "link/sim/StreamPacer.h"
 
 #include <QTest>
@@ -8,15 +10,6 @@ namespace {
 
 constexpr int LineRate = 480;
 constexpr qint64 Second = 1000000;
-
-QByteArray records(const SimulatorOptions& options, int count)
-{
-    InstrumentSimulator sim(options);
-    QByteArray bytes;
-    for (int i = 0; i < count; ++i)
-        bytes += sim.nextRecord();
-    return bytes;
-}
 
 // Microseconds a run of characters takes on the line.
 qint64 lineTime(qint64 characters) { return (characters * Second + LineRate - 1) / LineRate; }
@@ -57,7 +50,7 @@ private slots:
         const StreamPacer::Output out = pacer.take(us);
         const int expected = (blockOut ? blockSize : 0) + beyond;
         QCOMPARE(out.bytes.size(), expected);
-        QCOMPARE(out.bytes, records(options, 10).left(expected));
+        QCOMPARE(out.bytes, simRecords(options, 10).left(expected));
         QCOMPARE(pacer.take(us).bytes, QByteArray()); // nothing is handed out twice
     }
 
@@ -140,7 +133,7 @@ private slots:
         options.mode = SimulatorOptions::Mode::Download;
         options.storedCount = 25;
         options.emptyLocations = 2;
-        const QByteArray expected = records(options, 29);
+        const QByteArray expected = simRecords(options, 29);
 
         StreamPacer pacer(options, rate);
         QByteArray bytes;
