@@ -138,9 +138,7 @@ void MainWindow::bindChartCommands(QWidget* chart)
     new MarkerDataWindowHost(app_.markerDataModel, cursor, this);
     binder_->onClicked(QStringLiteral("cmdMarkers"), [&cursor] { cursor.cmdMarkers_Click(); });
     if (auto* plot = qobject_cast<QCustomPlot*>(chart)) {
-        plot->setMouseTracking(true);
-        connect(plot, &QCustomPlot::mouseMove, this,
-            [&cursor](QMouseEvent* event) { cursor.TempChart_MouseMove(event->position()); });
+        new CursorMouse(*plot, cursor, this);
     }
 }
 
