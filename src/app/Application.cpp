@@ -33,6 +33,7 @@ Application::Application(Platform platform_, QObject* parent)
     , demo(state, main, platform.chart, bar, irSystem, tempBarWindow, prompter)
     , appearance(platform.chart, main)
     , cursor(platform.chart, main, markerDataModel)
+    , chartExport(state, prompter)
 {
     // The appearance scheme of settings entry 18 follows the axes and titles.
     settings.steps.applyChartAxes

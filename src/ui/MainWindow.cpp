@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "AboutDialog.h"
+#include "ChartImageExport.h"
 #include "ChartMouse.h"
 #include "DemoWindowHost.h"
 #include "MarkerDataWindow.h"
@@ -47,6 +48,7 @@ MainWindow::~MainWindow()
     app_.setWindowHost(nullptr);
     app_.chart.setOverflowNotice(nullptr);
     app_.chartCommands.setBusyIndicator(nullptr);
+    app_.chartExport.setWriter(nullptr);
 }
 
 void MainWindow::styleReadout()
@@ -139,7 +141,10 @@ void MainWindow::bindChartCommands(QWidget* chart)
     binder_->onClicked(QStringLiteral("cmdMarkers"), [&cursor] { cursor.cmdMarkers_Click(); });
     if (auto* plot = qobject_cast<QCustomPlot*>(chart)) {
         new CursorMouse(*plot, cursor, this);
+        // EXPORT CHART...
+        app_.chartExport.setWriter(new ChartImageExport(*plot, this));
     }
+    on("mnuExportChart", [this] { app_.chartExport.mnuExportChart_Click(); });
 }
 
 void MainWindow::showStoredPointsWindow()
