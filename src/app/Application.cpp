@@ -43,6 +43,16 @@ Application::Application(Platform platform_, QObject* parent)
               appearance.ApplySettingsEntry(v[ChartAppearance::SettingsEntry]);
           };
     settings.steps.applyTempBar = [this](SettingsFile::Values&) { tempBarWindow.applySettings(); };
+    controller.setLoadOnce([this] {
+        if (!graphSettings.loaded()) {
+            graphSettings.Form_Load();
+            graphSettings.Form_Unload();
+        }
+        if (!state.TempBarVisible) {
+            tempBarWindow.Form_Load();
+            tempBarWindow.Form_Unload();
+        }
+    });
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);
     storedPoints.setFileCommands(&textExport, &spreadsheet);
