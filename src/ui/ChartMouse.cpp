@@ -85,11 +85,11 @@ CursorMouse::CursorMouse(QCustomPlot& plot, ChartCursor& cursor, QObject* parent
     QFont bold = plot_.font();
     bold.setBold(true);
     pinLabel_->setFont(bold);
-    pinLabel_->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
-    // A few pixels up and right of the ring, wherever it is.
+    pinLabel_->setPositionAlignment(Qt::AlignRight | Qt::AlignBottom);
+    // A few pixels up and left of the ring, clear of a rising trace.
     pinLabel_->position->setType(QCPItemPosition::ptAbsolute);
     pinLabel_->position->setParentAnchor(pin_->position);
-    pinLabel_->position->setCoords(8, -8);
+    pinLabel_->position->setCoords(-8, -8);
     for (QCPAbstractItem* item :
         { static_cast<QCPAbstractItem*>(pinLine_), static_cast<QCPAbstractItem*>(span_),
             static_cast<QCPAbstractItem*>(pin_), static_cast<QCPAbstractItem*>(pinLabel_) }) {
