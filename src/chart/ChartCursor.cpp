@@ -41,7 +41,7 @@ void ChartCursor::TempChart_MouseMove(const QPointF& pixel)
         return;
     const double x = chart_.pixelToData(pixel).x();
     chart_.setMarkerX(x);
-    const CursorPoint point = showReadout(x);
+    const CursorPoint point = showReadout(x, pinned_.has_value());
     if (!pinned_)
         return;
     showMeasure(x, point);
@@ -63,7 +63,7 @@ void ChartCursor::TempChart_Click(const QPointF& pixel)
     }
     const double x = chart_.pixelToData(pixel).x();
     chart_.setMarkerX(x);
-    const CursorPoint point = showReadout(x);
+    const CursorPoint point = showReadout(x, true);
     // Only a reading can be pinned: a click beside the data changes nothing.
     if (point.kind != CursorPoint::Kind::Data)
         return;
@@ -91,7 +91,7 @@ void ChartCursor::frmMarkerData_Unload()
         cmdMarkers_Click();
 }
 
-CursorPoint ChartCursor::showReadout(double x)
+CursorPoint ChartCursor::showReadout(double x, bool needPoint)
 {
     qint16 hasData = 0;
     double at = x;
@@ -99,7 +99,7 @@ CursorPoint ChartCursor::showReadout(double x)
     data_.lblTime.setCaption(
         hasData ? Numbers::Format(x, QStringLiteral("0.00")) : QStringLiteral("NO DATA"));
     // The measurement needs the value itself, not its text.
-    return pinned_ || hasData ? CursorPointAt(chart_, x) : CursorPoint {};
+    return needPoint ? CursorPointAt(chart_, x) : CursorPoint {};
 }
 
 void ChartCursor::showMeasure(double x, const CursorPoint& point)

@@ -43,8 +43,8 @@ public:
     void frmMarkerData_Unload();
 
 private:
-    // Fills the read-out for the cursor at x and gives what it stands over.
-    CursorPoint showReadout(double x);
+    // Fills the read-out for the cursor at x; with needPoint, also gives the reading under it.
+    CursorPoint showReadout(double x, bool needPoint);
     void showMeasure(double x, const CursorPoint& point);
 
     ChartSurface& chart_;
