@@ -33,6 +33,7 @@ Application::Application(Platform platform_, QObject* parent)
     , demo(state, main, platform.chart, bar, irSystem, tempBarWindow, prompter)
     , appearance(platform.chart, main)
     , cursor(platform.chart, main, markerDataModel)
+    , chartExport(state, prompter)
 {
     // The appearance scheme of settings entry 18 follows the axes and titles.
     settings.steps.applyChartAxes
@@ -42,6 +43,16 @@ Application::Application(Platform platform_, QObject* parent)
               appearance.ApplySettingsEntry(v[ChartAppearance::SettingsEntry]);
           };
     settings.steps.applyTempBar = [this](SettingsFile::Values&) { tempBarWindow.applySettings(); };
+    controller.setLoadOnce([this] {
+        if (!graphSettings.loaded()) {
+            graphSettings.Form_Load();
+            graphSettings.Form_Unload();
+        }
+        if (!state.TempBarVisible) {
+            tempBarWindow.Form_Load();
+            tempBarWindow.Form_Unload();
+        }
+    });
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);
     storedPoints.setFileCommands(&textExport, &spreadsheet);

@@ -12,6 +12,7 @@
 #include "chart/ChartAppearance.h"
 #include "chart/ChartCommands.h"
 #include "chart/ChartCursor.h"
+#include "chart/ChartExport.h"
 #include "chart/GraphSettingsController.h"
 #include "chart/GraphSettingsModel.h"
 #include "chart/GraphingFunctions.h"
@@ -118,6 +119,8 @@ public:
     // The chart's cursor and its CURSOR DATA window.
     MarkerDataModel markerDataModel;
     ChartCursor cursor;
+    // The chart saved as a picture, a PDF page or an SVG drawing.
+    ChartExport chartExport;
 
 signals:
     // The port was opened for real-time sensing (true) or a download (false), or closed.

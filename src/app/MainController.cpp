@@ -48,6 +48,8 @@ void MainController::Form_Load()
         SetCommPort(port_, state_.CommPortNumber);
     }
     chart_.chart().redraw();
+    if (loadOnce_)
+        loadOnce_();
 }
 
 void MainController::CheckMemory()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 struct AppState;
 class Acquisition;
@@ -24,6 +25,9 @@ public:
 
     // The main window's load sequence, run before it is first shown.
     void Form_Load();
+    // Its last step: the windows loaded and at once unloaded so that their load-time defaults
+    // apply once (the graph settings panel, then the temperature bar window), without showing.
+    void setLoadOnce(std::function<void()> loadOnce) { loadOnce_ = std::move(loadOnce); }
     void CheckMemory();
     // Every way out: the port is closed first, then the settings are saved.
     void Shutdown();
@@ -51,4 +55,5 @@ private:
     Prompter& prompter_;
     SystemInfo& systemInfo_;
     bool shutDown_ = false;
+    std::function<void()> loadOnce_;
 };

@@ -52,6 +52,7 @@ public:
     Control mnuScopeChart { this, "mnuScopeChart", "&OSCILLISCOPE" };
     Control mnuPlainChart { this, "mnuPlainChart", "&PLAIN" };
     Control mnuCopyChart { this, "mnuCopyChart", "C&OPY CHART TO CLIPBOARD" };
+    Control mnuExportChart { this, "mnuExportChart", "&EXPORT CHART..." };
     // SE&TTINGS, a command on the menu bar
     Control mnuSystemSetup { this, "mnuSystemSetup", "SE&TTINGS" };
     // &HELP

@@ -3,6 +3,7 @@
 #include "ChartSurface.h"
 #include "CursorReadout.h"
 #include "MarkerDataModel.h"
+#include "TwoPointMeasure.h"
 #include "base/MainWindowModel.h"
 #include "base/Numbers.h"
 
@@ -29,6 +30,7 @@ void ChartCursor::cmdMarkers_Click()
     main_.cmdMarkers.setCaption(QString::fromLatin1(Off));
     main_.cmdMarkers.setBackColor(savedBackColor_);
     chart_.setMarkerVisible(false);
+    Unpin();
     if (windows_)
         windows_->unloadMarkerData();
 }
@@ -37,16 +39,74 @@ void ChartCursor::TempChart_MouseMove(const QPointF& pixel)
 {
     if (!isOn())
         return;
-    double x = chart_.pixelToData(pixel).x();
+    const double x = chart_.pixelToData(pixel).x();
     chart_.setMarkerX(x);
-    qint16 hasData = 0;
-    data_.lblTemp.setCaption(CursorReadout(chart_, x, hasData));
-    data_.lblTime.setCaption(
-        hasData ? Numbers::Format(x, QStringLiteral("0.00")) : QStringLiteral("NO DATA"));
+    const CursorPoint point = showReadout(x, pinned_.has_value());
+    if (!pinned_)
+        return;
+    showMeasure(x, point);
+    if (pinView_) {
+        std::optional<QPointF> current;
+        if (point.kind == CursorPoint::Kind::Data)
+            current = QPointF(x, point.y);
+        pinView_->showPinnedPoint(*pinned_, current);
+    }
+}
+
+void ChartCursor::TempChart_Click(const QPointF& pixel)
+{
+    if (!isOn())
+        return;
+    if (pinned_) {
+        Unpin();
+        return;
+    }
+    const double x = chart_.pixelToData(pixel).x();
+    chart_.setMarkerX(x);
+    const CursorPoint point = showReadout(x, true);
+    // Only a reading can be pinned: a click beside the data changes nothing.
+    if (point.kind != CursorPoint::Kind::Data)
+        return;
+    pinned_ = QPointF(x, point.y);
+    data_.lblPinned.setCaption(PinnedPointText(*pinned_));
+    showMeasure(x, point);
+    data_.showMeasure(true);
+    if (pinView_)
+        pinView_->showPinnedPoint(*pinned_, *pinned_);
+}
+
+void ChartCursor::Unpin()
+{
+    if (!pinned_)
+        return;
+    pinned_.reset();
+    data_.showMeasure(false);
+    if (pinView_)
+        pinView_->hidePinnedPoint();
 }
 
 void ChartCursor::frmMarkerData_Unload()
 {
     if (main_.cmdMarkers.caption() != QLatin1String(Off))
         cmdMarkers_Click();
+}
+
+CursorPoint ChartCursor::showReadout(double x, bool needPoint)
+{
+    qint16 hasData = 0;
+    double at = x;
+    data_.lblTemp.setCaption(CursorReadout(chart_, at, hasData));
+    data_.lblTime.setCaption(
+        hasData ? Numbers::Format(x, QStringLiteral("0.00")) : QStringLiteral("NO DATA"));
+    // The measurement needs the value itself, not its text.
+    return needPoint ? CursorPointAt(chart_, x) : CursorPoint {};
+}
+
+void ChartCursor::showMeasure(double x, const CursorPoint& point)
+{
+    const TwoPointTexts texts = TwoPointMeasure(
+        *pinned_, x, point, MinutesPerTimeUnit(chart_.axisTitle(ChartSurface::Axis::X)));
+    data_.lblDeltaTime.setCaption(texts.deltaTime);
+    data_.lblDeltaTemp.setCaption(texts.deltaTemp);
+    data_.lblRate.setCaption(texts.rate);
 }

@@ -6,19 +6,19 @@
 
 #include <algorithm>
 
-QString CursorReadout(const ChartSurface& chart, double& x, qint16& hasData)
+CursorPoint CursorPointAt(const ChartSurface& chart, double x)
 {
     using Axis = ChartSurface::Axis;
+    using Kind = CursorPoint::Kind;
     constexpr int series = GraphingFunctions::ReadingSeries;
-    hasData = 0;
     const double low = std::min(chart.axisMin(Axis::X), chart.axisMax(Axis::X));
     const double high = std::max(chart.axisMin(Axis::X), chart.axisMax(Axis::X));
     if (!(x >= low && x <= high))
-        return QStringLiteral("OFF CHART");
+        return { Kind::OffChart, 0.0 };
     // The last point is the series' empty slot.
     const int readings = chart.pointCount(series) - 1;
     if (readings < 1)
-        return QStringLiteral("NO DATA");
+        return { Kind::NoData, 0.0 };
 
     // The first reading at or right of x.
     int first = 1;
@@ -32,18 +32,29 @@ QString CursorReadout(const ChartSurface& chart, double& x, qint16& hasData)
             count = half;
         }
     }
-    double y = 0.0;
-    if (first <= readings && chart.x(series, first) == x) {
-        y = chart.y(series, first);
-    } else if (first > 1 && first <= readings) {
+    if (first <= readings && chart.x(series, first) == x)
+        return { Kind::Data, chart.y(series, first) };
+    if (first > 1 && first <= readings) {
         const double x0 = chart.x(series, first - 1);
         const double x1 = chart.x(series, first);
         const double y0 = chart.y(series, first - 1);
         const double y1 = chart.y(series, first);
-        y = (x - x0) * (y1 - y0) / (x1 - x0) + y0;
-    } else {
-        return QStringLiteral("NO DATA");
+        return { Kind::Data, (x - x0) * (y1 - y0) / (x1 - x0) + y0 };
     }
-    hasData = 1;
-    return Numbers::Format(y, QStringLiteral("0.00"));
+    return { Kind::NoData, 0.0 };
+}
+
+QString CursorReadout(const ChartSurface& chart, double& x, qint16& hasData)
+{
+    const CursorPoint point = CursorPointAt(chart, x);
+    hasData = point.kind == CursorPoint::Kind::Data ? 1 : 0;
+    switch (point.kind) {
+    case CursorPoint::Kind::Data:
+        return Numbers::Format(point.y, QStringLiteral("0.00"));
+    case CursorPoint::Kind::OffChart:
+        return QStringLiteral("OFF CHART");
+    case CursorPoint::Kind::NoData:
+        break;
+    }
+    return QStringLiteral("NO DATA");
 }

@@ -2,17 +2,43 @@
 
 #include "base/ViewModel.h"
 
-// The CURSOR DATA window: the time and the temperature under the chart's cursor.
+#include <QPointF>
+#include <initializer_list>
+#include <optional>
+
+// The CURSOR DATA window: the time and the temperature under the chart's cursor and, once a point
+// is pinned, the measurement from the pinned point to the cursor (hidden until then).
 class MarkerDataModel : public ViewModel {
     Q_OBJECT
 public:
-    using ViewModel::ViewModel;
+    explicit MarkerDataModel(QObject* parent = nullptr)
+        : ViewModel(parent)
+    {
+        showMeasure(false);
+    }
 
     Control frmMarkerData { this, "frmMarkerData", "CURSOR DATA" };
     Control lblTimeCaption { this, "lblTimeCaption", "TIME" };
     Control lblTempCaption { this, "lblTempCaption", "Y VALUE" };
     Control lblTime { this, "lblTime" };
     Control lblTemp { this, "lblTemp" };
+
+    // The two-point measurement.
+    Control lblPinned { this, "lblPinned" };
+    Control lblDeltaTimeCaption { this, "lblDeltaTimeCaption", "TIME DIFF." };
+    Control lblDeltaTempCaption { this, "lblDeltaTempCaption", "Y DIFF." };
+    Control lblRateCaption { this, "lblRateCaption", "CHANGE PER MINUTE" };
+    Control lblDeltaTime { this, "lblDeltaTime" };
+    Control lblDeltaTemp { this, "lblDeltaTemp" };
+    Control lblRate { this, "lblRate" };
+
+    bool measureShown() const { return lblDeltaTemp.visible(); }
+    void showMeasure(bool shown)
+    {
+        for (Control* c : { &lblPinned, &lblDeltaTimeCaption, &lblDeltaTempCaption, &lblRateCaption,
+                 &lblDeltaTime, &lblDeltaTemp, &lblRate })
+            c->setVisible(shown);
+    }
 };
 
 // Opens and closes the CURSOR DATA window, for the cursor's commands.
@@ -23,4 +49,13 @@ public:
     virtual void showMarkerData() = 0;
     // Closes it without asking the cursor again.
     virtual void unloadMarkerData() = 0;
+};
+
+// Draws the pinned point of the two-point measurement on the chart.
+class PinnedPointView {
+public:
+    virtual ~PinnedPointView() = default;
+    // The pinned point, and the point under the cursor while it stands over data.
+    virtual void showPinnedPoint(const QPointF& pinned, const std::optional<QPointF>& current) = 0;
+    virtual void hidePinnedPoint() = 0;
 };

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "AboutDialog.h"
+#include "ChartImageExport.h"
 #include "ChartMouse.h"
 #include "DemoWindowHost.h"
 #include "MarkerDataWindow.h"
@@ -53,6 +54,7 @@ MainWindow::~MainWindow()
     app_.setWindowHost(nullptr);
     app_.chart.setOverflowNotice(nullptr);
     app_.chartCommands.setBusyIndicator(nullptr);
+    app_.chartExport.setWriter(nullptr);
 }
 
 void MainWindow::styleReadout()
@@ -152,10 +154,11 @@ void MainWindow::bindChartCommands(QWidget* chart)
     new MarkerDataWindowHost(app_.markerDataModel, cursor, this);
     binder_->onClicked(QStringLiteral("cmdMarkers"), [&cursor] { cursor.cmdMarkers_Click(); });
     if (auto* plot = qobject_cast<QCustomPlot*>(chart)) {
-        plot->setMouseTracking(true);
-        connect(plot, &QCustomPlot::mouseMove, this,
-            [&cursor](QMouseEvent* event) { cursor.TempChart_MouseMove(event->position()); });
+        new CursorMouse(*plot, cursor, this);
+        // EXPORT CHART...
+        app_.chartExport.setWriter(new ChartImageExport(*plot, this));
     }
+    on("mnuExportChart", [this] { app_.chartExport.mnuExportChart_Click(); });
 }
 
 void MainWindow::showStoredPointsWindow()

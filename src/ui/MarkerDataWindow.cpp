@@ -5,6 +5,9 @@
 #include "ui_MarkerDataWindow.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLayout>
 
 MarkerDataWindow::MarkerDataWindow(MarkerDataModel& model, ChartCursor& cursor, QWidget* owner)
     : QWidget(owner, Qt::Tool | Qt::WindowCloseButtonHint | Qt::WindowTitleHint)
@@ -18,10 +21,36 @@ MarkerDataWindow::MarkerDataWindow(MarkerDataModel& model, ChartCursor& cursor, 
     QFont value = arial;
     value.setPointSize(12);
     value.setBold(true);
-    ui_->lblTime->setFont(value);
-    ui_->lblTemp->setFont(value);
+    for (QLabel* label :
+        { ui_->lblTime, ui_->lblTemp, ui_->lblDeltaTime, ui_->lblDeltaTemp, ui_->lblRate })
+        label->setFont(value);
+    // The measurement from the pinned point stands apart from the plain read-out.
+    QFont pinned = arial;
+    pinned.setBold(true);
+    ui_->lblPinned->setFont(pinned);
+    ui_->lblPinned->setStyleSheet(QStringLiteral("color: #c05a00; padding-top: 6px;"));
     new ModelBinder(model, *this);
-    setFixedSize(sizeHint().expandedTo(QSize(240, 90)));
+    fitContents();
+    // The window grows when a point is pinned and shrinks back when it is dropped.
+    connect(&model, &ViewModel::changed, this, &MarkerDataWindow::fitContents);
+}
+
+void MarkerDataWindow::fitContents()
+{
+    layout()->activate();
+    const QSize size = layout()->sizeHint().expandedTo(QSize(240, 90));
+    if (size != this->size())
+        setFixedSize(size);
+}
+
+void MarkerDataWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        cursor_.Unpin();
+        event->accept();
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 MarkerDataWindow::~MarkerDataWindow() = default;

@@ -14,7 +14,8 @@ class frmMarkerData;
 }
 
 // CURSOR DATA: a small fixed window, in Arial, showing the time and the temperature under the
-// chart's cursor. Its close box switches the cursor off.
+// chart's cursor and, while a point is pinned, the measurement from it. Its close box switches
+// the cursor off; Escape drops the pinned point.
 class MarkerDataWindow : public QWidget {
     Q_OBJECT
 public:
@@ -23,8 +24,11 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void fitContents();
+
     std::unique_ptr<Ui::frmMarkerData> ui_;
     ChartCursor& cursor_;
 };

@@ -100,9 +100,14 @@ QStringList QtPrompter::nameFilters(const QString& filter)
     const QString trimmed = filter.trimmed();
     if (trimmed.isEmpty() || trimmed == QLatin1String("*") || trimmed == QLatin1String("*.*"))
         return { all };
-    // Already in "Description (patterns)" form.
-    if (trimmed.contains(QLatin1Char('(')))
-        return { trimmed, all };
+    // Already in "Description (patterns)" form, several of them apart by ";;".
+    if (trimmed.contains(QLatin1Char('('))) {
+        QStringList filters = trimmed.split(QStringLiteral(";;"), Qt::SkipEmptyParts);
+        // A choice among formats offers exactly those formats.
+        if (filters.size() == 1)
+            filters << all;
+        return filters;
+    }
     QStringList patterns
         = trimmed.split(QRegularExpression(QStringLiteral("[;\\s]+")), Qt::SkipEmptyParts);
     return { describe(patterns.first()) + QStringLiteral(" (") + patterns.join(QLatin1Char(' '))
@@ -166,6 +171,13 @@ QString QtPrompter::chooseFile(const FileChoice& choice, bool save)
         suffix.remove(0, 1);
     // QFileDialog appends the suffix only to names that have none, as the operator expects.
     dialog.setDefaultSuffix(suffix);
+    // Among several formats, a name without an extension gets the chosen format's.
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& f) {
+        const QRegularExpressionMatch m
+            = QRegularExpression(QStringLiteral("\\*\\.(\\w+)")).match(f);
+        if (m.hasMatch())
+            dialog.setDefaultSuffix(m.captured(1));
+    });
     if (!choice.fileName.isEmpty())
         dialog.selectFile(choice.fileName);
     if (dialog.exec() != QDialog::Accepted)

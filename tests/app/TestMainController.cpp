@@ -67,6 +67,31 @@ private slots:
         QVERIFY(rig.prompter.titles().isEmpty());
     }
 
+    // The last load step loads the graph settings panel and the temperature bar window once and
+    // unloads them at once: their defaults are in place, neither stays loaded.
+    void loadRunsThePanelsOnce()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        QStringList lines = factory();
+        lines[0] = "250";
+        lines[2] = "120";
+        lines[8] = "1";
+        writeSettings(rig.dir.filePath("Settings.dat"), lines);
+        QVERIFY(a.graphSettingsModel.txtMaxX.caption().isEmpty());
+        a.controller.Form_Load();
+        QCOMPARE(a.graphSettingsModel.txtMaxX.caption(), QStringLiteral("120"));
+        QCOMPARE(a.graphSettingsModel.txtMaxY.caption(), QStringLiteral("250"));
+        QCOMPARE(a.graphSettingsModel.txtYTitle.caption(), QStringLiteral("TEMPERATURE"));
+        QVERIFY(a.graphSettingsModel.chkAutoRange.checked());
+        QVERIFY(!a.graphSettings.loaded());
+        QVERIFY(!a.state.GraphSettingsOpen);
+        QVERIFY(!a.chart.panel());
+        QVERIFY(!a.state.TempBarVisible);
+        QVERIFY(!a.main.mnuViewTempBar.checked());
+        QVERIFY(rig.prompter.shown.empty());
+    }
+
     void portEntry_data()
     {
         QTest::addColumn<QString>("entry");

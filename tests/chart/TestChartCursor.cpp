@@ -42,15 +42,37 @@ public:
     int unloaded = 0;
 };
 
+// Records what the chart would draw of the pinned point.
+class FakePinView : public PinnedPointView {
+public:
+    void showPinnedPoint(const QPointF& p, const std::optional<QPointF>& c) override
+    {
+        shown = true;
+        pinned = p;
+        current = c;
+    }
+    void hidePinnedPoint() override
+    {
+        shown = false;
+        ++hidden;
+    }
+    bool shown = false;
+    QPointF pinned;
+    std::optional<QPointF> current;
+    int hidden = 0;
+};
+
 struct CursorRig {
     InMemoryChartSurface chart;
     MainWindowModel main;
     MarkerDataModel data;
     FakeMarkerWindows windows;
+    FakePinView pin;
     ChartCursor cursor { chart, main, data };
     CursorRig()
     {
         cursor.setWindows(&windows);
+        cursor.setPinnedPointView(&pin);
         // X 0..80 over 800 pixels: a pixel is a tenth of a time unit.
         chart.setAxisMin(Axis::X, 0);
         chart.setAxisMax(Axis::X, 80);
@@ -184,6 +206,146 @@ private slots:
         QCOMPARE(r.chart.markerX(), 7.0);
         QVERIFY(r.data.lblTemp.caption().isEmpty());
         QVERIFY(r.data.lblTime.caption().isEmpty());
+    }
+
+    // Pixels are tenths of a second here: pixel 25 is 2.5 s, reading 125.
+    void clickPinsTheReadingUnderIt()
+    {
+        CursorRig r;
+        r.cursor.cmdMarkers_Click();
+        QVERIFY(!r.data.measureShown());
+        r.cursor.TempChart_Click(QPointF(25, 300));
+        QVERIFY(r.cursor.pinned());
+        QCOMPARE(*r.cursor.pinned(), QPointF(2.5, 125));
+        QVERIFY(r.data.measureShown());
+        QVERIFY(r.data.lblRate.visible() && r.data.lblPinned.visible());
+        QCOMPARE(r.data.lblPinned.caption(), QStringLiteral("FROM 2.50 AT 125.00"));
+        QCOMPARE(r.data.lblRate.caption(), QStringLiteral("SAME TIME"));
+        QVERIFY(r.pin.shown);
+        QCOMPARE(r.pin.pinned, QPointF(2.5, 125));
+
+        // The plain read-out keeps its own labels.
+        r.cursor.TempChart_MouseMove(QPointF(75, 300));
+        QCOMPARE(r.data.lblTemp.caption(), QStringLiteral("175.00"));
+        QCOMPARE(r.data.lblTime.caption(), QStringLiteral("7.50"));
+        QCOMPARE(r.data.lblDeltaTime.caption(), QStringLiteral("5.00"));
+        QCOMPARE(r.data.lblDeltaTemp.caption(), QStringLiteral("50.00"));
+        QCOMPARE(r.data.lblRate.caption(), QStringLiteral("600.00"));
+        QVERIFY(r.pin.current);
+        QCOMPARE(*r.pin.current, QPointF(7.5, 175));
+    }
+
+    void measureFollowsTheTimeUnit_data()
+    {
+        QTest::addColumn<QString>("unit");
+        QTest::addColumn<QString>("rate");
+        // 50 degrees over 5 units of the X axis.
+        QTest::newRow("seconds") << "SECONDS"
+                                 << "600.00";
+        QTest::newRow("minutes") << "MINUTES"
+                                 << "10.00";
+        QTest::newRow("hours") << "HOURS"
+                               << "0.17";
+    }
+    void measureFollowsTheTimeUnit()
+    {
+        QFETCH(QString, unit);
+        QFETCH(QString, rate);
+        CursorRig r;
+        r.chart.setAxisTitle(Axis::X, unit);
+        r.cursor.cmdMarkers_Click();
+        r.cursor.TempChart_Click(QPointF(25, 300));
+        r.cursor.TempChart_MouseMove(QPointF(75, 300));
+        QCOMPARE(r.data.lblRate.caption(), rate);
+    }
+
+    void mouseBesideTheDataWhilePinned_data()
+    {
+        QTest::addColumn<double>("pixel");
+        QTest::addColumn<QString>("deltaTemp");
+        QTest::addColumn<QString>("others");
+        QTest::newRow("beyond the newest") << 300.0 << "NO DATA"
+                                           << "NO DATA";
+        QTest::newRow("left of the plot") << -10.0 << "OFF CHART"
+                                          << "NO DATA";
+    }
+    void mouseBesideTheDataWhilePinned()
+    {
+        QFETCH(double, pixel);
+        QFETCH(QString, deltaTemp);
+        QFETCH(QString, others);
+        CursorRig r;
+        r.cursor.cmdMarkers_Click();
+        r.cursor.TempChart_Click(QPointF(25, 300));
+        r.cursor.TempChart_MouseMove(QPointF(pixel, 300));
+        QCOMPARE(r.data.lblDeltaTemp.caption(), deltaTemp);
+        QCOMPARE(r.data.lblDeltaTime.caption(), others);
+        QCOMPARE(r.data.lblRate.caption(), others);
+        QVERIFY(r.pin.shown);
+        QVERIFY(!r.pin.current);
+        QVERIFY(r.cursor.pinned());
+    }
+
+    void clickBesideTheDataPinsNothing_data()
+    {
+        QTest::addColumn<double>("pixel");
+        QTest::newRow("beyond the newest") << 300.0;
+        QTest::newRow("left of the plot") << -10.0;
+    }
+    void clickBesideTheDataPinsNothing()
+    {
+        QFETCH(double, pixel);
+        CursorRig r;
+        r.cursor.cmdMarkers_Click();
+        r.cursor.TempChart_Click(QPointF(pixel, 300));
+        QVERIFY(!r.cursor.pinned());
+        QVERIFY(!r.data.measureShown());
+        QVERIFY(!r.pin.shown);
+    }
+
+    void clickWhileOffPinsNothing()
+    {
+        CursorRig r;
+        r.cursor.TempChart_Click(QPointF(25, 300));
+        QVERIFY(!r.cursor.pinned());
+        QVERIFY(!r.pin.shown);
+    }
+
+    void unpinning_data()
+    {
+        QTest::addColumn<int>("how");
+        QTest::newRow("a second click") << 0;
+        QTest::newRow("escape") << 1;
+        QTest::newRow("cursor off") << 2;
+        QTest::newRow("read-out window closed") << 3;
+    }
+    void unpinning()
+    {
+        QFETCH(int, how);
+        CursorRig r;
+        r.cursor.cmdMarkers_Click();
+        r.cursor.TempChart_Click(QPointF(25, 300));
+        QVERIFY(r.cursor.pinned());
+        switch (how) {
+        case 0:
+            r.cursor.TempChart_Click(QPointF(50, 300));
+            break;
+        case 1:
+            r.cursor.Unpin();
+            break;
+        case 2:
+            r.cursor.cmdMarkers_Click();
+            break;
+        default:
+            r.cursor.frmMarkerData_Unload();
+        }
+        QVERIFY(!r.cursor.pinned());
+        QVERIFY(!r.data.measureShown());
+        QVERIFY(!r.pin.shown);
+        QCOMPARE(r.pin.hidden, 1);
+        // Unpinning again changes nothing.
+        r.cursor.Unpin();
+        QCOMPARE(r.pin.hidden, 1);
     }
 
     void cursorWiredInTheApplication()

@@ -257,6 +257,9 @@ private slots:
         QTest::newRow("two patterns")
             << "*.txt;*.dat" << QStringList { "Text files (*.txt *.dat)", all };
         QTest::newRow("described") << "Logs (*.log)" << QStringList { "Logs (*.log)", all };
+        QTest::newRow("a choice of formats, no catch-all")
+            << "PNG image (*.png);;PDF document (*.pdf)"
+            << QStringList { "PNG image (*.png)", "PDF document (*.pdf)" };
         QTest::newRow("empty") << "" << QStringList { all };
         QTest::newRow("star dot star") << "*.*" << QStringList { all };
     }
@@ -318,6 +321,35 @@ private slots:
         QVERIFY(modeRight);
         QVERIFY(nonNative);
         QCOMPARE(chosen, expected.isEmpty() ? QString() : QDir(dir.path()).filePath(expected));
+    }
+
+    // The chosen format's extension goes on a name typed without one.
+    void saveFileNameFollowsTheChosenFilter_data()
+    {
+        QTest::addColumn<int>("filter");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("first, the default") << 0 << "Chart.png";
+        QTest::newRow("second") << 1 << "Chart.pdf";
+        QTest::newRow("third") << 2 << "Chart.svg";
+    }
+    void saveFileNameFollowsTheChosenFilter()
+    {
+        QFETCH(int, filter);
+        QFETCH(QString, expected);
+        QTemporaryDir dir;
+        ModalDriver<QFileDialog> driver([&](QFileDialog* dialog) {
+            const QStringList filters = dialog->nameFilters();
+            dialog->selectNameFilter(filters.value(filter));
+            // The operator's choice, as the dialog's filter box reports it.
+            emit dialog->filterSelected(filters.value(filter));
+            typeFileName(dialog, QStringLiteral("Chart"));
+            static_cast<QDialog*>(dialog)->accept();
+        });
+        Prompter::FileChoice choice { QStringLiteral("EXPORT CHART"),
+            QStringLiteral("PNG image (*.png);;PDF document (*.pdf);;SVG drawing (*.svg)"),
+            QStringLiteral("png"), dir.path(), {} };
+        QCOMPARE(QtPrompter().saveFileName(choice), QDir(dir.path()).filePath(expected));
+        QVERIFY(driver.seen());
     }
 
     // --- beeper -----------------------------------------------------------------------------

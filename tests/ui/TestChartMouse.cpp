@@ -1,47 +1,17 @@
-#include "support/FakeBeeper.h"
-#include "support/FakeClock.h"
-#include "support/FakeLauncher.h"
-#include "support/FakePrompter.h"
-#include "support/FakeSerialPort.h"
-#include "support/FakeSystemInfo.h"
+#include "support/PlotWindowApp.h"
 #include "support/TestRegistry.h"
-
-#include "app/Application.h"
-#include "link/PortMap.h"
-#include "ui/MainWindow.h"
-#include "ui/QCustomPlotSurface.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
-#include <qcustomplot.h>
 
 namespace {
 using Axis = ChartSurface::Axis;
 
-// The application on the real chart widget inside the real main window.
-struct PlotApp {
-    QTemporaryDir dir;
-    FakePrompter prompter;
-    FakeClock clock;
-    FakeBeeper beeper;
-    FakeLauncher launcher;
-    FakeSystemInfo systemInfo;
-    FakeSerialPort port;
-    PortMap portMap;
-    QCustomPlot* plot = new QCustomPlot;
-    QCustomPlotSurface surface { *plot };
-    Application app { Platform {
-        prompter, clock, beeper, launcher, systemInfo, port, surface, portMap } };
-    MainWindow window { app, plot };
-
+// Forty readings on an X axis from 0 to 60 and a Y axis from 0 to 100.
+struct PlotApp : PlotWindowApp {
     PlotApp()
     {
-        app.state.ProgramDirectory = dir.path();
-        app.controller.Form_Load();
-        window.resize(1000, 700);
-        window.show();
         app.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
         for (int i = 0; i < 40; ++i) {
             app.state.TimeInterval = 1.0f;
@@ -57,27 +27,6 @@ struct PlotApp {
     QPushButton* resetButton()
     {
         return window.findChild<QPushButton*>(QStringLiteral("cmdResetChart"));
-    }
-    // A left-button gesture from one point of the plot area to another, as fractions of it.
-    void drag(QPointF from, QPointF to, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        const QRect area = plot->axisRect()->rect();
-        auto at = [&area](QPointF f) {
-            return QPointF(area.left() + f.x() * area.width(), area.top() + f.y() * area.height());
-        };
-        const QPointF a = at(from);
-        const QPointF b = at(to);
-        const QPointF mid = (a + b) / 2;
-        auto send = [this, modifiers](QEvent::Type type, QPointF pos, Qt::MouseButtons buttons) {
-            QMouseEvent event(
-                type, pos, plot->mapToGlobal(pos), Qt::LeftButton, buttons, modifiers);
-            QCoreApplication::sendEvent(plot, &event);
-        };
-        send(QEvent::MouseButtonPress, a, Qt::LeftButton);
-        send(QEvent::MouseMove, mid, Qt::LeftButton);
-        send(QEvent::MouseMove, b, Qt::LeftButton);
-        send(QEvent::MouseButtonRelease, b, Qt::NoButton);
-        QCoreApplication::processEvents();
     }
 };
 } // namespace
