@@ -101,7 +101,7 @@ void ModelBinder::renderChanged()
     if (held_.empty() || throttleGate_.isActive())
         return;
     const qint64 wait = sinceThrottled_.isValid()
-        ? throttleGate_.interval() - sinceThrottled_.elapsed()
+        ? throttleMs_ - sinceThrottled_.elapsed()
         : qint64(0);
     if (wait > 0)
         throttleGate_.start(int(wait));
@@ -114,8 +114,8 @@ void ModelBinder::throttle(const QStringList& names, int ms)
     for (Binding& b : bindings_)
         if (names.contains(b.control->name()))
             b.throttled = true;
+    throttleMs_ = ms;
     throttleGate_.setSingleShot(true);
-    throttleGate_.setInterval(ms);
     connect(&throttleGate_, &QTimer::timeout, this, &ModelBinder::showHeld, Qt::UniqueConnection);
 }
 

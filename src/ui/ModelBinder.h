@@ -47,6 +47,7 @@ private:
     std::vector<Binding> bindings_;
     std::unordered_map<const Control*, std::size_t> index_;
     QTimer throttleGate_;
+    int throttleMs_ = 0;
     QElapsedTimer sinceThrottled_;
     std::vector<std::size_t> held_;
     void showHeld();

@@ -9,6 +9,7 @@
 
 #include "app/Application.h"
 #include "link/PortMap.h"
+#include "ui/ChartPlot.h"
 #include "ui/MainWindow.h"
 #include "ui/QCustomPlotSurface.h"
 
@@ -30,7 +31,7 @@ struct PlotWindowApp {
     FakeSystemInfo systemInfo;
     FakeSerialPort port;
     PortMap portMap;
-    QCustomPlot* plot = new QCustomPlot;
+    QCustomPlot* plot = new ChartPlot;
     QCustomPlotSurface surface { *plot };
     Application app { Platform {
         prompter, clock, beeper, launcher, systemInfo, port, surface, portMap } };

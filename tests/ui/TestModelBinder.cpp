@@ -3,9 +3,11 @@
 #include "base/ViewModel.h"
 #include "ui/ModelBinder.h"
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QTest>
-#include <QVBoxLayout>
+#include <QTimer>
+#include <vector>
 
 namespace {
 struct TwoLabels : ViewModel {
@@ -69,6 +71,36 @@ private slots:
         QCOMPARE(view.reading->text(), QStringLiteral("71"));
         QCOMPARE(view.status->text(), QStringLiteral("SENSING"));
         QTRY_COMPARE(view.reading->text(), QStringLiteral("73"));
+    }
+
+    // A steady stream, a change every 10 ms for 1.5 s: the showings stay 100 ms apart.
+    void throttledStream()
+    {
+        TwoLabels model;
+        View view;
+        ModelBinder binder(model, view.root);
+        binder.throttle({ QStringLiteral("lblReading") }, 100);
+        QElapsedTimer clock;
+        clock.start();
+        std::vector<qint64> shownAt;
+        QString last = view.reading->text();
+        QTimer feed;
+        int value = 100;
+        connect(&feed, &QTimer::timeout, this, [&] {
+            if (view.reading->text() != last) {
+                last = view.reading->text();
+                shownAt.push_back(clock.elapsed());
+            }
+            model.reading.setCaption(QString::number(++value));
+        });
+        feed.start(10);
+        QTest::qWait(1500);
+        feed.stop();
+        QVERIFY2(shownAt.size() >= 5, qPrintable(QString::number(shownAt.size())));
+        for (std::size_t i = 1; i < shownAt.size(); ++i)
+            QVERIFY2(shownAt[i] - shownAt[i - 1] >= 70,
+                qPrintable(QStringLiteral("%1 ms after the one before")
+                               .arg(shownAt[i] - shownAt[i - 1])));
     }
 };
 
