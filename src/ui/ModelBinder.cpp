@@ -100,9 +100,8 @@ void ModelBinder::renderChanged()
     }
     if (held_.empty() || throttleGate_.isActive())
         return;
-    const qint64 wait = sinceThrottled_.isValid()
-        ? throttleMs_ - sinceThrottled_.elapsed()
-        : qint64(0);
+    const qint64 wait
+        = sinceThrottled_.isValid() ? throttleMs_ - sinceThrottled_.elapsed() : qint64(0);
     if (wait > 0)
         throttleGate_.start(int(wait));
     else

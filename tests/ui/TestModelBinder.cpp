@@ -99,8 +99,8 @@ private slots:
         QVERIFY2(shownAt.size() >= 5, qPrintable(QString::number(shownAt.size())));
         for (std::size_t i = 1; i < shownAt.size(); ++i)
             QVERIFY2(shownAt[i] - shownAt[i - 1] >= 70,
-                qPrintable(QStringLiteral("%1 ms after the one before")
-                               .arg(shownAt[i] - shownAt[i - 1])));
+                qPrintable(
+                    QStringLiteral("%1 ms after the one before").arg(shownAt[i] - shownAt[i - 1])));
     }
 };
 
