@@ -53,6 +53,8 @@ Application::Application(Platform platform_, QObject* parent)
             tempBarWindow.Form_Unload();
         }
     });
+    // A pinned point belongs to the readings it was pinned on.
+    chart.setSeriesReplacedListener([this] { cursor.Unpin(); });
     acquisition.setStoredPoints(&storedPoints);
     receiver.setStoredPoints(&storedPoints);
     storedPoints.setFileCommands(&textExport, &spreadsheet);

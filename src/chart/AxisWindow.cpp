@@ -175,4 +175,6 @@ void GraphingFunctions::SeriesReplaced()
 {
     checkedCount_ = 0;
     inOrder_ = true;
+    if (seriesReplaced_)
+        seriesReplaced_();
 }

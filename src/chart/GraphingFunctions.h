@@ -59,6 +59,12 @@ public:
     const ChartSurface& chart() const { return chart_; }
     // Told, in words, of an operation abandoned for an arithmetic overflow.
     void setOverflowNotice(Notice notice) { overflowNotice_ = std::move(notice); }
+    // Told whenever the reading series is emptied or replaced as a whole (cleared, reset, a plot
+    // loaded), so what refers to its readings (the cursor's pinned point) lets go of them.
+    void setSeriesReplacedListener(std::function<void()> listener)
+    {
+        seriesReplaced_ = std::move(listener);
+    }
     int overflowCount() const { return overflowCount_; }
 
     // Three series, the limit lines across the current X range at the alarm limits, shown when
@@ -100,6 +106,7 @@ public:
     void CommonAxisUpdate();
 
 private:
+    std::function<void()> seriesReplaced_;
     void keepXWindowAhead(int pointCount);
     void applyWindowRule();
     bool appendReading(qint16 reading);

@@ -356,6 +356,38 @@ private slots:
         QVERIFY(a.cursor.isOn());
         QVERIFY(rig.chart.markerVisible());
     }
+
+    // A pinned point belongs to the readings it was pinned on: clearing the chart lets go of
+    // it, while INITIALIZE CHART, which keeps the readings, keeps it too.
+    void replacedReadingsUnpin_data()
+    {
+        QTest::addColumn<bool>("initialize");
+        QTest::newRow("CLEAR CHART") << false;
+        QTest::newRow("INITIALIZE CHART") << true;
+    }
+    void replacedReadingsUnpin()
+    {
+        QFETCH(bool, initialize);
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.chart.InitializeChart();
+        a.chart.ResetChartSeries();
+        a.state.TimeInterval = 1.0f;
+        for (int i = 0; i < 20; ++i) {
+            qint16 reading = qint16(50 + i);
+            a.chart.AddReadingToChart(reading);
+        }
+        a.cursor.cmdMarkers_Click();
+        const double x0 = rig.chart.axisMin(Axis::X);
+        const double x1 = rig.chart.axisMax(Axis::X);
+        a.cursor.TempChart_Click(
+            QPointF((5.0 - x0) / (x1 - x0) * InMemoryChartSurface::PlotWidth, 10));
+        QVERIFY(a.cursor.pinned());
+        initialize ? a.controller.mnuIniChart_Click() : a.controller.mnuClearChart_Click();
+        QCOMPARE(bool(a.cursor.pinned()), initialize);
+        QCOMPARE(a.markerDataModel.measureShown(), initialize);
+    }
 };
 TALAVEX_TEST(TestChartCursor)
 #include "TestChartCursor.moc"
