@@ -30,4 +30,31 @@ inline void moveFocus(QWidget& root, const QString& name)
     }
 }
 
+// A text box of a settings dialog: its control, and the controller's handler for a key pressed
+// in it.
+template <class Controller> struct TextBox {
+    QLineEdit* edit;
+    Control& control;
+    void (Controller::*keyPress)(int);
+};
+
+// Wires the text boxes: what the operator types goes into the control at once, and Enter goes to
+// the box's key handler, after which `render` shows the outcome.
+template <class Controller, class Render>
+void bindTextBoxes(QObject* owner, Controller& controller,
+    std::initializer_list<TextBox<Controller>> boxes, Render render)
+{
+    for (const TextBox<Controller>& box : boxes) {
+        Control* control = &box.control;
+        QObject::connect(box.edit, &QLineEdit::textEdited, owner,
+            [control](const QString& text) { control->setCaption(text); });
+        const auto keyPress = box.keyPress;
+        QObject::connect(
+            box.edit, &QLineEdit::returnPressed, owner, [&controller, keyPress, render] {
+                (controller.*keyPress)(Controller::KeyEnter);
+                render();
+            });
+    }
+}
+
 } // namespace DialogSync

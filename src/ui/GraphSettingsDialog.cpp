@@ -59,28 +59,15 @@ GraphSettingsDialog::GraphSettingsDialog(
         render();
     });
 
-    struct Box {
-        QLineEdit* edit;
-        Control& control;
-        void (Panel::*keyPress)(int);
-    };
-    const Box boxes[] = {
-        { ui_->txtMinX, model_.txtMinX, &Panel::txtMinX_KeyPress },
-        { ui_->txtMaxX, model_.txtMaxX, &Panel::txtMaxX_KeyPress },
-        { ui_->txtMinY, model_.txtMinY, &Panel::txtMinY_KeyPress },
-        { ui_->txtMaxY, model_.txtMaxY, &Panel::txtMaxY_KeyPress },
-        { ui_->txtYTitle, model_.txtYTitle, &Panel::txtYTitle_KeyPress },
-    };
-    for (const Box& box : boxes) {
-        Control* control = &box.control;
-        connect(box.edit, &QLineEdit::textEdited, this,
-            [control](const QString& text) { control->setCaption(text); });
-        const auto keyPress = box.keyPress;
-        connect(box.edit, &QLineEdit::returnPressed, this, [this, keyPress] {
-            (controller_.*keyPress)(Panel::KeyEnter);
-            render();
-        });
-    }
+    DialogSync::bindTextBoxes<Panel>(this, controller_,
+        {
+            { ui_->txtMinX, model_.txtMinX, &Panel::txtMinX_KeyPress },
+            { ui_->txtMaxX, model_.txtMaxX, &Panel::txtMaxX_KeyPress },
+            { ui_->txtMinY, model_.txtMinY, &Panel::txtMinY_KeyPress },
+            { ui_->txtMaxY, model_.txtMaxY, &Panel::txtMaxY_KeyPress },
+            { ui_->txtYTitle, model_.txtYTitle, &Panel::txtYTitle_KeyPress },
+        },
+        [this] { render(); });
     connect(&controller_, &Panel::closeRequested, this, [this] { QDialog::hide(); });
     connect(&model_, &ViewModel::changed, this, &GraphSettingsDialog::render);
 }

@@ -39,28 +39,16 @@ TempBarSettingsDialog::TempBarSettingsDialog(
         render();
     });
 
-    struct Box {
-        QLineEdit* edit;
-        Control& control;
-        void (TempBarSettingsController::*keyPress)(int);
-    };
-    const Box boxes[] = {
-        { ui_->txtMaxTemp, model_.txtMaxTemp, &TempBarSettingsController::txtMaxTemp_KeyPress },
-        { ui_->txtMinTemp, model_.txtMinTemp, &TempBarSettingsController::txtMinTemp_KeyPress },
-        { ui_->txtHighLimit, model_.txtHighLimit,
-            &TempBarSettingsController::txtHighLimit_KeyPress },
-        { ui_->txtLowLimit, model_.txtLowLimit, &TempBarSettingsController::txtLowLimit_KeyPress },
-    };
-    for (const Box& box : boxes) {
-        Control* control = &box.control;
-        connect(box.edit, &QLineEdit::textEdited, this,
-            [control](const QString& text) { control->setCaption(text); });
-        const auto keyPress = box.keyPress;
-        connect(box.edit, &QLineEdit::returnPressed, this, [this, keyPress] {
-            (controller_.*keyPress)(TempBarSettingsController::KeyEnter);
-            render();
-        });
-    }
+    DialogSync::bindTextBoxes<TempBarSettingsController>(this, controller_,
+        {
+            { ui_->txtMaxTemp, model_.txtMaxTemp, &TempBarSettingsController::txtMaxTemp_KeyPress },
+            { ui_->txtMinTemp, model_.txtMinTemp, &TempBarSettingsController::txtMinTemp_KeyPress },
+            { ui_->txtHighLimit, model_.txtHighLimit,
+                &TempBarSettingsController::txtHighLimit_KeyPress },
+            { ui_->txtLowLimit, model_.txtLowLimit,
+                &TempBarSettingsController::txtLowLimit_KeyPress },
+        },
+        [this] { render(); });
     connect(&controller_, &TempBarSettingsController::closeRequested, this,
         [this] { QDialog::done(QDialog::Accepted); });
     connect(&model_, &ViewModel::changed, this, &TempBarSettingsDialog::render);
