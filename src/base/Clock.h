@@ -9,6 +9,8 @@ class Clock {
 public:
     virtual ~Clock() = default;
     virtual QDateTime now() const = 0;
+    // The same instant in UTC, which costs no time-zone lookup: for stamping every reading.
+    virtual QDateTime nowUtc() const { return now().toUTC(); }
 
     // Whole seconds since midnight, rounded to the nearest second; no day rollover.
     virtual qint32 secondsSinceMidnight() const;
@@ -24,6 +26,7 @@ class SystemClock final : public Clock {
 public:
     SystemClock() { monotonic_.start(); }
     QDateTime now() const override { return QDateTime::currentDateTime(); }
+    QDateTime nowUtc() const override { return QDateTime::currentDateTimeUtc(); }
     qint32 secondsSinceMidnight() const override;
 
 private:

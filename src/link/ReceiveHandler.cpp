@@ -270,7 +270,7 @@ void ReceiveHandler::showReading(qint16 temperature)
     else if (!alarm)
         acquisition_.tmrBeep().stop();
     chart_.AddReadingToChart(temperature);
-    acquisition_.liveLog().writeReading(clock_.now(), temperature);
+    acquisition_.liveLog().writeReading(clock_.nowUtc(), temperature);
 }
 
 void ReceiveHandler::refreshParameterLabels()
@@ -329,7 +329,7 @@ void ReceiveHandler::LoadParameterBlock(const QString& block)
             && (main_.mnuRealTimeGraphOn.checked() || main_.mnuAutoCompressed.checked())) {
             qint16 temperature = *rounded;
             chart_.AddReadingToChart(temperature);
-            acquisition_.liveLog().writeReading(clock_.now(), temperature);
+            acquisition_.liveLog().writeReading(clock_.nowUtc(), temperature);
         }
     }
 }

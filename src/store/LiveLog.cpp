@@ -7,7 +7,8 @@
 bool LiveLog::open(const QString& path, const QDateTime& start)
 {
     close();
-    start_ = start;
+    startMs_ = start.toMSecsSinceEpoch();
+    stampSecond_ = -1;
     file_.setFileName(path);
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         return false;
@@ -15,26 +16,41 @@ bool LiveLog::open(const QString& path, const QDateTime& start)
     return true;
 }
 
-QString LiveLog::Line(const QDateTime& start, const QDateTime& now, double reading)
+QString LiveLog::stamp(const QDateTime& now)
+{
+    // Written out by hand: the general date format costs more than the rest of the line.
+    const QDateTime local = now.toLocalTime();
+    const QDate date = local.date();
+    const QTime time = local.time();
+    char text[40];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d,%02d:%02d:%02d,", date.year(), date.month(),
+        date.day(), time.hour(), time.minute(), time.second());
+    return QLatin1String(text);
+}
+
+QString LiveLog::line(const QString& stamp, qint64 elapsedMs, double reading)
 {
     // Tenths of a second are as fine as the instrument's own clock.
-    const double elapsed = Numbers::RoundHalfEven(double(start.msecsTo(now)) / 100.0) / 10.0;
-    // Written out by hand: a line goes to disk for every reading, and the general date format
-    // costs more than the rest of the reading's path.
-    const QDate date = now.date();
-    const QTime time = now.time();
-    char stamp[40];
-    std::snprintf(stamp, sizeof stamp, "%04d-%02d-%02d,%02d:%02d:%02d,", date.year(), date.month(),
-        date.day(), time.hour(), time.minute(), time.second());
-    return QLatin1String(stamp) + Numbers::NumberText(elapsed) + QLatin1Char(',')
-        + Numbers::NumberText(reading);
+    const double elapsed = Numbers::RoundHalfEven(double(elapsedMs) / 100.0) / 10.0;
+    return stamp + Numbers::NumberText(elapsed) + QLatin1Char(',') + Numbers::NumberText(reading);
+}
+
+QString LiveLog::Line(const QDateTime& start, const QDateTime& now, double reading)
+{
+    return line(stamp(now), start.msecsTo(now), reading);
 }
 
 void LiveLog::writeReading(const QDateTime& now, double reading)
 {
     if (!file_.isOpen())
         return;
-    file_.write((Line(start_, now, reading) + QStringLiteral("\r\n")).toLatin1());
+    const qint64 ms = now.toMSecsSinceEpoch();
+    const qint64 second = ms >= 0 ? ms / 1000 : (ms - 999) / 1000;
+    if (second != stampSecond_) {
+        stamp_ = stamp(now);
+        stampSecond_ = second;
+    }
+    file_.write((line(stamp_, ms - startMs_, reading) + QStringLiteral("\r\n")).toLatin1());
 }
 
 void LiveLog::close()

@@ -17,6 +17,8 @@ public:
     // `start`. False when it cannot be opened.
     bool open(const QString& path, const QDateTime& start);
     bool isOpen() const { return file_.isOpen(); }
+    // The line of a reading taken at `now`, which may be in UTC or local time; the line shows
+    // local time either way.
     void writeReading(const QDateTime& now, double reading);
     void close();
 
@@ -24,6 +26,14 @@ public:
     static QString Line(const QDateTime& start, const QDateTime& now, double reading);
 
 private:
+    // "2026-03-14,21:05:07," for the local time of `now`.
+    static QString stamp(const QDateTime& now);
+    static QString line(const QString& stamp, qint64 elapsedMs, double reading);
+
     QFile file_;
-    QDateTime start_;
+    qint64 startMs_ = 0;
+    // The stamp of the second last written: readings that come many a second share it, and the
+    // local time is worked out once a second instead of for each of them.
+    qint64 stampSecond_ = -1;
+    QString stamp_;
 };

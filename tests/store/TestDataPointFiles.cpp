@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <ctime>
 
 namespace {
 using testfiles::readAll;
@@ -333,6 +334,31 @@ private slots:
         log.close();
         log.writeReading(start.addSecs(4), 76);
         QCOMPARE(readAll(path), title + "2026-03-14,09:05:09,2,75\r\n");
+    }
+
+    // Readings are stamped from UTC instants, many a second; the lines still show local time,
+    // and a new second gets a new stamp.
+    void liveLogStampsLocalTimeFromUtc()
+    {
+        const QByteArray oldTz = qgetenv("TZ");
+        qputenv("TZ", "EST5");
+        tzset();
+        QTemporaryDir dir;
+        const QString path = dir.filePath(LiveLog::FileName);
+        const QDateTime start(QDate(2026, 3, 14), QTime(9, 5, 7, 900));
+        LiveLog log;
+        QVERIFY(log.open(path, start));
+        const QDateTime utc = start.toUTC();
+        for (int ms : { 0, 50, 100, 149, 1150 })
+            log.writeReading(utc.addMSecs(ms), 70);
+        log.close();
+        oldTz.isNull() ? qunsetenv("TZ") : qputenv("TZ", oldTz);
+        tzset();
+        const QList<QByteArray> lines = readAll(path).split('\n');
+        QCOMPARE(lines.mid(1, 5),
+            QList<QByteArray>({ "2026-03-14,09:05:07,0,70\r", "2026-03-14,09:05:07,0,70\r",
+                "2026-03-14,09:05:08,0.1,70\r", "2026-03-14,09:05:08,0.1,70\r",
+                "2026-03-14,09:05:09,1.2,70\r" }));
     }
 };
 TALAVEX_TEST(TestDataPointFiles)
