@@ -338,10 +338,13 @@ bool QCustomPlotSurface::seriesInOrder(int series) const
 
 void QCustomPlotSurface::changed(Change change)
 {
+    // A replot already waiting draws this change too; only a first change of the view may need
+    // it sooner. This runs for every point written, so it looks at no clock otherwise.
+    const bool sooner = change == Change::View && !viewPending_;
     pending_ = true;
     if (change == Change::View)
         viewPending_ = true;
-    if (batchDepth_ == 0)
+    if (batchDepth_ == 0 && (sooner || !gate_.isActive()))
         replotWhenDue();
 }
 
