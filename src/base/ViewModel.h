@@ -92,3 +92,22 @@ private:
     bool allChanged_ = false;
     bool everythingChanged_ = false;
 };
+
+// A dialog's model that moves the focus: the control that should have it, by name. Each request
+// counts, so asking again for the same box puts the focus back there.
+class FocusingModel : public ViewModel {
+public:
+    using ViewModel::ViewModel;
+    const QString& focus() const { return focus_; }
+    int focusRequests() const { return focusRequests_; }
+    void setFocus(const QString& name)
+    {
+        focus_ = name;
+        ++focusRequests_;
+        markDirty();
+    }
+
+private:
+    QString focus_;
+    int focusRequests_ = 0;
+};

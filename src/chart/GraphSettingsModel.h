@@ -6,10 +6,10 @@
 
 // The graph settings panel's state: captions, the four range boxes and the Y title (their
 // captions), the two check boxes, the time-unit list's index and which box should have the focus.
-class GraphSettingsModel : public ViewModel {
+class GraphSettingsModel : public FocusingModel {
     Q_OBJECT
 public:
-    using ViewModel::ViewModel;
+    using FocusingModel::FocusingModel;
 
     static QStringList timeUnits()
     {
@@ -59,19 +59,6 @@ public:
         markDirty();
     }
 
-    // The control that should have the focus, by name; each request counts, so asking again
-    // for the same box puts the focus back there.
-    const QString& focus() const { return focus_; }
-    int focusRequests() const { return focusRequests_; }
-    void setFocus(const QString& name)
-    {
-        focus_ = name;
-        ++focusRequests_;
-        markDirty();
-    }
-
 private:
     int timeUnitIndex_ = -1;
-    QString focus_;
-    int focusRequests_ = 0;
 };

@@ -4,10 +4,10 @@
 
 // The bar settings dialog's state: captions, the four boxes' texts (their captions), the two
 // check boxes, and which box should have the focus.
-class TempBarSettingsModel : public ViewModel {
+class TempBarSettingsModel : public FocusingModel {
     Q_OBJECT
 public:
-    using ViewModel::ViewModel;
+    using FocusingModel::FocusingModel;
 
     Control frmTempBarSettings { this, "frmTempBarSettings", "TEMPERATURE BAR SETTINGS" };
     Control Label8 { this, "Label8", "TEMPERATURE BAR GRAPH SETTINGS" };
@@ -32,19 +32,4 @@ public:
 
     Control cmdAccept { this, "cmdAccept", "&OK" };
     Control cmdCancel { this, "cmdCancel", "&CANCEL" };
-
-    // The control that should have the focus, by name; each request counts, so asking again
-    // for the same box puts the focus back there.
-    const QString& focus() const { return focus_; }
-    int focusRequests() const { return focusRequests_; }
-    void setFocus(const QString& name)
-    {
-        focus_ = name;
-        ++focusRequests_;
-        markDirty();
-    }
-
-private:
-    QString focus_;
-    int focusRequests_ = 0;
 };
