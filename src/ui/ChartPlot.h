@@ -17,6 +17,18 @@ public:
     // True while repaints copy the buffer as it is.
     bool paintsOpaque() const;
 
+    // Draws the part of the picture inside `area` again from the plot as it stands, every layer
+    // in order with each element clipped to the area, and shows that part. When nothing but the
+    // content of that area has changed since the last replot, it gives the pixels a replot would
+    // for a fraction of the cost: no layout, no clearing of the whole buffer, a small copy to the
+    // screen. False, with nothing done, when the buffer cannot be drawn in part: it is painted
+    // the usual way, out of date, or a replot is already on its way.
+    bool redrawArea(const QRect& area);
+
+signals:
+    // A part of the picture was drawn again by redrawArea().
+    void areaRedrawn(const QRect& area);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

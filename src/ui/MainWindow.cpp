@@ -78,6 +78,8 @@ void MainWindow::styleReadout()
     for (QLabel* label : { ui_->lblCurrentTemp, ui_->lblStatCurrentTemp }) {
         label->setProperty("baseStyle", panel);
         label->setStyleSheet(panel + QStringLiteral("color: #00ff00;"));
+        // Filled with its own opaque background, a label repaints alone, not its panel too.
+        label->setAutoFillBackground(true);
     }
     QFont caption = ui_->lblParametersTitle->font();
     caption.setBold(true);

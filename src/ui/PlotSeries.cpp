@@ -104,6 +104,7 @@ void PlotSeries::setPoint(int index, const Point& p)
                 QCPGraphData& d = store_->at(index - 1);
                 d.key = p.x;
                 d.value = p.y;
+                touch(index - 1);
                 return;
             }
         } else if (index == m) {
@@ -143,6 +144,7 @@ void PlotSeries::absorbNext()
         return;
     }
     store_->append(next_.x, next_.y);
+    touch(m);
     next_ = emptyPoint();
     const auto it = later_.find(m + 2);
     if (it != later_.end()) {
@@ -160,6 +162,7 @@ void PlotSeries::demoteLast()
     const QCPGraphData d = store_->at(m - 1);
     next_ = { d.key, d.value };
     store_->truncate(m - 1);
+    touch(m - 1);
 }
 
 void PlotSeries::makeGeneral()
@@ -185,6 +188,7 @@ void PlotSeries::makeFastIfSmall()
     all_.clear();
     all_.shrink_to_fit();
     store_->truncate(0);
+    touch(0);
     inOrder_ = true;
     dirty_ = false;
     absorbNext();
@@ -205,6 +209,7 @@ void PlotSeries::setCount(int count)
         const int m = drawn();
         if (count <= m) {
             store_->truncate(count);
+            touch(count);
             next_ = emptyPoint();
             later_.clear();
         } else {
@@ -242,3 +247,9 @@ void PlotSeries::sync()
 }
 
 qint64 PlotSeries::reservedBytes() const { return store_->reservedBytes(); }
+
+void PlotSeries::markDrawn()
+{
+    drawnMark_ = drawn();
+    touchedFrom_ = Untouched;
+}

@@ -2,6 +2,8 @@
 
 #include <QSharedPointer>
 #include <QtGlobal>
+#include <algorithm>
+#include <limits>
 #include <map>
 #include <vector>
 
@@ -49,6 +51,15 @@ public:
     // Bytes held for the graph's points (capacity, not size).
     qint64 reservedBytes() const;
 
+    // Drawing in part. markDrawn() notes that the graph has just been drawn as it stands; until
+    // the next call, the series knows whether its graph has only gained points at its end (which
+    // a redraw of their area alone can show) or has not changed at all.
+    void markDrawn();
+    bool graphUnchanged() const { return inOrder_ && touchedFrom_ == Untouched; }
+    bool graphOnlyGrew() const { return inOrder_ && touchedFrom_ >= drawnMark_; }
+    // The graph's points at the last markDrawn(); those after them are new.
+    int drawnMark() const { return drawnMark_; }
+
 private:
     struct Point {
         double x;
@@ -64,6 +75,9 @@ private:
     void demoteLast();
     void makeGeneral();
     void makeFastIfSmall();
+    // The graph's points from index (0-based) onwards have changed.
+    void touch(int index) { touchedFrom_ = std::min(touchedFrom_, index); }
+    static constexpr int Untouched = std::numeric_limits<int>::max();
 
     QCPGraph* graph_;
     const double& empty_;
@@ -77,4 +91,6 @@ private:
     // General model.
     std::vector<Point> all_;
     bool dirty_ = false;
+    int drawnMark_ = 0;
+    int touchedFrom_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "QCustomPlotSurface.h"
 
+#include "ChartPlot.h"
 #include "PatternAxisTicker.h"
 #include "PlotSeries.h"
 
@@ -46,11 +47,12 @@ QCustomPlotSurface::QCustomPlotSurface(QCustomPlot& plot, QObject* parent)
     gate_.setSingleShot(true);
     connect(&gate_, &QTimer::timeout, this, [this] {
         if (batchDepth_ == 0)
-            replotWhenDue();
+            replotWhenDue(true);
     });
     // Series in the general model are re-sorted into their graphs just before each replot,
     // whoever asked for it (a resize, say).
-    connect(&plot_, &QCustomPlot::beforeReplot, this, &QCustomPlotSurface::syncSeries);
+    connect(&plot_, &QCustomPlot::beforeReplot, this, &QCustomPlotSurface::beforeReplot);
+    connect(&plot_, &QCustomPlot::afterReplot, this, &QCustomPlotSurface::afterReplot);
 
     setSeriesCount(3);
 }
@@ -355,7 +357,7 @@ int QCustomPlotSurface::msUntilRedraw() const
     return gate_.isActive() ? std::max(gate_.remainingTime(), 0) : 0;
 }
 
-void QCustomPlotSurface::replotWhenDue()
+void QCustomPlotSurface::replotWhenDue(bool fromGate)
 {
     if (!pending_)
         return;
@@ -366,15 +368,105 @@ void QCustomPlotSurface::replotWhenDue()
             gate_.start(int(wait));
         return;
     }
+    if (!viewPending_ && !fromGate) {
+        // New points are drawn at the next pass of the event loop, with whatever else it adds.
+        gate_.start(0);
+        return;
+    }
     gate_.stop();
+    const bool view = viewPending_;
     pending_ = false;
     viewPending_ = false;
-    plot_.replot(QCustomPlot::rpQueuedReplot);
+    const QElapsedTimer before = sinceReplot_;
     sinceReplot_.start();
+    switch (view ? Drawing::NeedsReplot : drawAddedPoints()) {
+    case Drawing::NeedsReplot:
+        plot_.replot(QCustomPlot::rpQueuedReplot);
+        break;
+    case Drawing::Nothing:
+        // Nothing on the screen changed, so the next change need not wait for this one.
+        sinceReplot_ = before;
+        break;
+    case Drawing::Done:
+        break;
+    }
 }
 
-void QCustomPlotSurface::syncSeries()
+void QCustomPlotSurface::beforeReplot()
 {
-    for (auto& s : series_)
+    for (auto& s : series_) {
         s->sync();
+        s->markDrawn();
+    }
+}
+
+void QCustomPlotSurface::afterReplot() { drawnView_ = currentView(); }
+
+QCustomPlotSurface::DrawnView QCustomPlotSurface::currentView() const
+{
+    const QCPRange x = x_.axis->range();
+    const QCPRange y = y_.axis->range();
+    return { { x.lower, x.upper, y.lower, y.upper }, plot_.axisRect()->rect() };
+}
+
+QRect QCustomPlotSurface::addedPointsArea() const
+{
+    const PlotSeries* readings = find(1);
+    if (!readings || !readings->inOrder())
+        return {};
+    const QCPGraph* g = readings->graph();
+    const QSharedPointer<QCPGraphDataContainer> data = g->data();
+    const int first = std::max(readings->drawnMark() - 1, 0);
+    if (data->size() <= readings->drawnMark() || !g->visible())
+        return {};
+    // The stretch of line from the last point drawn through the new ones lies within their
+    // bounding box for the line styles allowed here; the pen and the point symbols reach past it.
+    double left = 0, right = 0, top = 0, bottom = 0;
+    for (int i = first; i < data->size(); ++i) {
+        const auto it = data->at(i);
+        const double px = g->keyAxis()->coordToPixel(it->key);
+        const double py = g->valueAxis()->coordToPixel(it->value);
+        if (i == first) {
+            left = right = px;
+            top = bottom = py;
+        }
+        left = std::min(left, px);
+        right = std::max(right, px);
+        top = std::min(top, py);
+        bottom = std::max(bottom, py);
+    }
+    double reach = std::max(g->pen().widthF(), 1.0) / 2.0 + 2.0;
+    if (!g->scatterStyle().isNone())
+        reach += g->scatterStyle().size() / 2.0 + g->scatterStyle().pen().widthF();
+    const QRectF box(QPointF(left - reach, top - reach), QPointF(right + reach, bottom + reach));
+    // The graph is clipped to the axis rectangle; clamping first keeps far points in range.
+    const QRectF clip = QRectF(plot_.axisRect()->rect()).adjusted(-1, -2, 1, 1);
+    return box.intersected(clip).toAlignedRect();
+}
+
+// Draws the readings added to series 1 since the last drawing by redrawing their area alone,
+// when that is all that changed.
+QCustomPlotSurface::Drawing QCustomPlotSurface::drawAddedPoints()
+{
+    auto* chart = qobject_cast<ChartPlot*>(&plot_);
+    if (!chart || !drawnView_ || !(*drawnView_ == currentView()))
+        return Drawing::NeedsReplot;
+    for (std::size_t i = 1; i < series_.size(); ++i) {
+        if (!series_[i]->graphUnchanged())
+            return Drawing::NeedsReplot;
+    }
+    PlotSeries* readings = find(1);
+    if (!readings || !readings->graphOnlyGrew())
+        return Drawing::NeedsReplot;
+    const QCPGraph* g = readings->graph();
+    const bool boxedLine = g->lineStyle() == QCPGraph::lsNone || g->lineStyle() == QCPGraph::lsLine
+        || g->lineStyle() == QCPGraph::lsStepLeft || g->lineStyle() == QCPGraph::lsStepRight
+        || g->lineStyle() == QCPGraph::lsStepCenter;
+    if (!boxedLine || g->brush().style() != Qt::NoBrush || g->channelFillGraph())
+        return Drawing::NeedsReplot;
+    const QRect area = addedPointsArea();
+    readings->markDrawn();
+    if (area.isEmpty())
+        return Drawing::Nothing;
+    return chart->redrawArea(area) ? Drawing::Done : Drawing::NeedsReplot;
 }

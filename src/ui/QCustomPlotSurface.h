@@ -4,10 +4,12 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QRect>
 #include <QSharedPointer>
 #include <QTimer>
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class PatternAxisTicker;
@@ -28,6 +30,10 @@ class QCustomPlot;
 // spell is drawn at once; a stream of them is drawn LiveMs apart however fast it comes, which
 // keeps a fast instrument from spending the processor on pictures no eye can follow. Changes
 // made meanwhile are drawn by the next replot.
+//
+// When the only change since the last drawing is readings added at the end of series 1, and the
+// plot is a ChartPlot, only the area around the new stretch of line is drawn again; a live
+// strip chart costs a small fraction of full replots that way.
 
 //
 // The axis limits are kept as set (a minimum above the maximum included) and shown as the
@@ -96,6 +102,9 @@ public:
     qint64 reservedBytes(int series) const;
     // True while the series keeps its fast, in-order layout.
     bool seriesInOrder(int series) const;
+    // The area a redraw of the points added to series 1 since it was last drawn would cover,
+    // empty when no point was added or none is in view.
+    QRect addedPointsArea() const;
 
 private:
     struct AxisState {
@@ -112,8 +121,11 @@ private:
     void showRange(AxisState& state);
     enum class Change { Points, View };
     void changed(Change change = Change::View);
-    void replotWhenDue();
-    void syncSeries();
+    void replotWhenDue(bool fromGate = false);
+    enum class Drawing { Done, Nothing, NeedsReplot };
+    Drawing drawAddedPoints();
+    void beforeReplot();
+    void afterReplot();
 
     QCustomPlot& plot_;
     std::vector<std::unique_ptr<PlotSeries>> series_;
@@ -128,5 +140,16 @@ private:
     bool pending_ = false;
     bool viewPending_ = false;
     bool showingRange_ = false;
+    // The view as the last replot drew it.
+    struct DrawnView {
+        std::array<double, 4> ranges;
+        QRect axisRect;
+        bool operator==(const DrawnView& o) const
+        {
+            return ranges == o.ranges && axisRect == o.axisRect;
+        }
+    };
+    DrawnView currentView() const;
+    std::optional<DrawnView> drawnView_;
     std::array<qint64, ColorCount> colors_ {};
 };
