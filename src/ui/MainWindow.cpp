@@ -72,14 +72,16 @@ void MainWindow::styleReadout()
                                           ui_->lblCurrentTemp->minimumWidth()),
         std::max(metrics.height() + metrics.descent(), ui_->lblCurrentTemp->minimumHeight()));
     ui_->currentTempLayout->setAlignment(ui_->lblCurrentTemp, Qt::AlignHCenter);
-    const QString panel = QStringLiteral("background-color: #101010;");
-    ui_->fraCurrentTemp->setStyleSheet(
-        QStringLiteral("#fraCurrentTemp { background-color: #101010; }"));
-    for (QLabel* label : { ui_->lblCurrentTemp, ui_->lblStatCurrentTemp }) {
-        label->setProperty("baseStyle", panel);
-        label->setStyleSheet(panel + QStringLiteral("color: #00ff00;"));
-        // Filled with its own opaque background, a label repaints alone, not its panel too.
-        label->setAutoFillBackground(true);
+    // Colours through palettes rather than style sheets: a reading that changes the colour then
+    // only repaints the labels. Filled with their own opaque background, the labels repaint
+    // alone, not the panel under them too.
+    QPalette panel = ui_->fraCurrentTemp->palette();
+    panel.setColor(QPalette::Window, QColor(0x10, 0x10, 0x10));
+    panel.setColor(QPalette::WindowText, QColor(0x00, 0xff, 0x00));
+    for (QWidget* widget : std::initializer_list<QWidget*> {
+             ui_->fraCurrentTemp, ui_->lblCurrentTemp, ui_->lblStatCurrentTemp }) {
+        widget->setPalette(panel);
+        widget->setAutoFillBackground(true);
     }
     QFont caption = ui_->lblParametersTitle->font();
     caption.setBold(true);

@@ -41,7 +41,12 @@ ModelBinder::ModelBinder(ViewModel& model, QWidget& root)
             target = root.findChild<QWidget*>(control->name());
         if (target) {
             index_.emplace(control, bindings_.size());
-            bindings_.push_back({ control, target });
+            Binding binding { control, target };
+            if (auto* label = qobject_cast<QLabel*>(target)) {
+                binding.basePalette = label->palette();
+                binding.baseAutoFill = label->autoFillBackground();
+            }
+            bindings_.push_back(binding);
         }
     }
     connect(&model, &ViewModel::changed, this, &ModelBinder::renderChanged);
@@ -75,7 +80,7 @@ void ModelBinder::onClicked(const QString& name, std::function<void()> handler)
 
 void ModelBinder::render()
 {
-    for (const Binding& b : bindings_)
+    for (Binding& b : bindings_)
         apply(b);
 }
 
@@ -90,7 +95,7 @@ void ModelBinder::renderChanged()
         const auto found = index_.find(c);
         if (found == index_.end())
             continue;
-        const Binding& b = bindings_[found->second];
+        Binding& b = bindings_[found->second];
         if (!b.throttled) {
             apply(b);
             continue;
@@ -126,7 +131,7 @@ void ModelBinder::showHeld()
     sinceThrottled_.start();
 }
 
-void ModelBinder::apply(const Binding& b)
+void ModelBinder::apply(Binding& b)
 {
     if (!b.target)
         return;
@@ -153,16 +158,36 @@ void ModelBinder::apply(const Binding& b)
         widget->setWindowTitle(c.caption());
         return;
     }
-    if (auto* label = qobject_cast<QLabel*>(widget))
-        label->setText(c.caption());
-    else if (auto* button = qobject_cast<QAbstractButton*>(widget))
-        button->setText(c.caption());
     widget->setEnabled(c.enabled());
     widget->setVisible(c.visible());
+    if (auto* label = qobject_cast<QLabel*>(widget)) {
+        label->setText(c.caption());
+        applyLabelColors(b, *label);
+        return;
+    }
+    if (auto* button = qobject_cast<QAbstractButton*>(widget))
+        button->setText(c.caption());
     const QString style = styleFor(c);
     if (widget->property("modelStyle").toString() != style) {
         widget->setProperty("modelStyle", style);
         const QString base = widget->property("baseStyle").toString();
         widget->setStyleSheet(base + style);
     }
+}
+
+void ModelBinder::applyLabelColors(Binding& b, QLabel& label)
+{
+    const qint64 fore = b.control->foreColor();
+    const qint64 back = b.control->backColor();
+    if (fore == b.shownFore && back == b.shownBack)
+        return;
+    b.shownFore = fore;
+    b.shownBack = back;
+    QPalette palette = b.basePalette;
+    if (fore != Colors::Default)
+        palette.setColor(QPalette::WindowText, QColor::fromRgb(QRgb(fore)));
+    if (back != Colors::Default)
+        palette.setColor(QPalette::Window, QColor::fromRgb(QRgb(back)));
+    label.setAutoFillBackground(back != Colors::Default || b.baseAutoFill);
+    label.setPalette(palette);
 }

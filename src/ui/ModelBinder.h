@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QPalette>
 #include <QPointer>
 #include <QStringList>
 #include <QTimer>
@@ -11,12 +12,16 @@
 
 class Control;
 class QAction;
+class QLabel;
 class QWidget;
 class ViewModel;
 
 // Shows a window's model on its widgets: every control of the model is matched by objectName
 // with the action, menu or widget of the same name. A change of the model shows the controls that
 // changed again; a handler run through the binder shows them all.
+//
+// A label's colours go into its palette (a changed text colour only repaints it); any other
+// widget's go into a style sheet after the one in its "baseStyle" property.
 class ModelBinder : public QObject {
     Q_OBJECT
 public:
@@ -38,8 +43,15 @@ private:
         Control* control;
         QPointer<QObject> target;
         bool throttled = false;
+        // A label shows the model's colours through its palette, starting from the one it had
+        // when bound; the colours last shown, so an unchanged pair costs nothing.
+        QPalette basePalette;
+        bool baseAutoFill = false;
+        qint64 shownFore = -1;
+        qint64 shownBack = -1;
     };
-    void apply(const Binding& binding);
+    void apply(Binding& binding);
+    void applyLabelColors(Binding& binding, QLabel& label);
     void renderChanged();
 
     ViewModel& model_;

@@ -26,10 +26,11 @@ StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model, StoredPointsCon
     big.setPointSize(big.pointSize() + 4);
     big.setBold(true);
     ui_->lblAcquiredPoints->setFont(big);
+    QPalette counter = ui_->lblAcquiredPoints->palette();
+    counter.setColor(QPalette::Window, QColor(0x20, 0x20, 0x20));
+    counter.setColor(QPalette::WindowText, QColor(0xe0, 0xe0, 0xe0));
+    ui_->lblAcquiredPoints->setPalette(counter);
     ui_->lblAcquiredPoints->setAutoFillBackground(true);
-    ui_->lblAcquiredPoints->setProperty("baseStyle", QStringLiteral("background-color: #202020;"));
-    ui_->lblAcquiredPoints->setStyleSheet(
-        QStringLiteral("background-color: #202020; color: #e0e0e0;"));
 
     binder_ = new ModelBinder(model, *this);
     binder_->onClicked(

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <vector>
 
 namespace {
@@ -24,6 +25,20 @@ struct View {
         reading->setObjectName(QStringLiteral("lblReading"));
         status->setObjectName(QStringLiteral("lblStatus"));
     }
+};
+struct EventCounter : QObject {
+    EventCounter(QEvent::Type type, int& count)
+        : type_(type)
+        , count_(count)
+    {
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count_ += event->type() == type_;
+        return false;
+    }
+    QEvent::Type type_;
+    int& count_;
 };
 } // namespace
 
@@ -48,6 +63,62 @@ private slots:
         model.markDirty();
         QCoreApplication::processEvents();
         QCOMPARE(view.reading->text(), QStringLiteral("0"));
+    }
+
+    // A label's colours come from the model through its palette, over the palette it had when
+    // bound, and back to that palette when the model drops them; the window is not laid out
+    // again for a colour.
+    void labelColours_data()
+    {
+        QTest::addColumn<qint64>("fore");
+        QTest::addColumn<qint64>("back");
+        QTest::addColumn<QColor>("text");
+        QTest::addColumn<QColor>("fill");
+        QTest::addColumn<bool>("filled");
+        const QColor grey(0x80, 0x80, 0x80);
+        const QColor dark(0x20, 0x20, 0x20);
+        QTest::newRow("text red") << qint64(0xFF0000) << Colors::Default << QColor(Qt::red) << dark
+                                  << false;
+        QTest::newRow("text and fill") << qint64(0x00FF00) << qint64(0x0000FF) << QColor(Qt::green)
+                                       << QColor(Qt::blue) << true;
+        QTest::newRow("back to base")
+            << Colors::Default << Colors::Default << grey << dark << false;
+    }
+    void labelColours()
+    {
+        QFETCH(qint64, fore);
+        QFETCH(qint64, back);
+        QFETCH(QColor, text);
+        QFETCH(QColor, fill);
+        QFETCH(bool, filled);
+        TwoLabels model;
+        View view;
+        auto* layout = new QVBoxLayout(&view.root);
+        layout->addWidget(view.reading);
+        layout->addWidget(view.status);
+        QPalette base = view.status->palette();
+        base.setColor(QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+        base.setColor(QPalette::Window, QColor(0x20, 0x20, 0x20));
+        view.status->setPalette(base);
+        ModelBinder binder(model, view.root);
+        view.root.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view.root));
+
+        // Another colour first, so each row is a change.
+        model.status.setForeColor(0x123456);
+        model.status.setBackColor(0x654321);
+        QCoreApplication::processEvents();
+        int layouts = 0;
+        EventCounter counter(QEvent::LayoutRequest, layouts);
+        view.root.installEventFilter(&counter);
+        model.status.setForeColor(fore);
+        model.status.setBackColor(back);
+        QCoreApplication::processEvents();
+        QCOMPARE(view.status->palette().color(QPalette::WindowText), text);
+        QCOMPARE(view.status->palette().color(QPalette::Window), fill);
+        QCOMPARE(view.status->autoFillBackground(), filled);
+        QVERIFY(view.status->styleSheet().isEmpty());
+        QCOMPARE(layouts, 0);
     }
 
     // A throttled read-out shows the first change at once and the newest of a quick series
