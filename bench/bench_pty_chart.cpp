@@ -178,6 +178,11 @@ int paced(Terminal& terminal, int seconds)
             due += std::chrono::microseconds(1000000 / rate);
         }
     });
+    int replots = 0;
+    int parts = 0;
+    QObject::connect(program.plot, &QCustomPlot::afterReplot, [&] { ++replots; });
+    QObject::connect(
+        static_cast<ChartPlot*>(program.plot), &ChartPlot::areaRedrawn, [&] { ++parts; });
     const double cpuBefore = threadCpuSeconds();
     program.waitFor(
         [&] { return program.plotted() - before >= rate * seconds; }, (seconds + 5) * 1000, 500);
@@ -187,8 +192,9 @@ int paced(Terminal& terminal, int seconds)
     const int got = program.plotted() - before;
     program.app.state.PlotSaved = true; // no offer to save at the end
     program.app.acquisition.mnuStop_Click();
-    std::printf("paced_cpu_s_per_1000 %.4f over %d readings at %d/s, %d already plotted\n",
-        got > 0 ? cpu * 1000.0 / got : -1.0, got, rate, before);
+    std::printf("paced_cpu_s_per_1000 %.4f over %d readings at %d/s, %d already plotted; "
+                "%d replots, %d partial redraws\n",
+        got > 0 ? cpu * 1000.0 / got : -1.0, got, rate, before, replots, parts);
     return got == rate * seconds ? 0 : 1;
 }
 

@@ -179,6 +179,20 @@ QString NumberText(double value)
 {
     if (value == 0.0)
         return QStringLiteral("0");
+    // Whole numbers and tenths, most of what a recording writes, come out the same without the
+    // general conversion, at a fraction of its cost. A value is a tenth when it is the double
+    // nearest to one; with at most 14 digits, 15 significant digits then show it exactly.
+    if (std::fabs(value) < 1e13) {
+        const double tenths = std::nearbyint(value * 10.0);
+        if (tenths / 10.0 == value) {
+            const qint64 n = qint64(tenths);
+            const qint64 magnitude = n < 0 ? -n : n;
+            QString text = QString::number(magnitude / 10);
+            if (magnitude % 10 != 0)
+                text += QLatin1Char('.') + QChar(char16_t(u'0' + magnitude % 10));
+            return n < 0 ? QLatin1Char('-') + text : text;
+        }
+    }
     QString text = QString::number(value, 'g', 15);
     text.replace(QLatin1String("e+"), QLatin1String("E+"));
     text.replace(QLatin1String("e-"), QLatin1String("E-"));

@@ -81,10 +81,21 @@ void ViewModel::markDirty(Control* control)
         control->listed_ = true;
         dirty_.push_back(control);
     }
+    if (holds_ > 0) {
+        heldChanges_ = true;
+        return;
+    }
     if (pending_)
         return;
     pending_ = true;
     QMetaObject::invokeMethod(this, &ViewModel::flush, Qt::QueuedConnection);
+}
+
+void ViewModel::endHold()
+{
+    if (--holds_ > 0 || !std::exchange(heldChanges_, false))
+        return;
+    flush();
 }
 
 void ViewModel::flush()

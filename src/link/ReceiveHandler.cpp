@@ -102,9 +102,13 @@ void ReceiveHandler::pump(bool modalOpen)
     pumping_ = true;
     LastObtainedFile& file = acquisition_.lastObtainedFile();
     file.hold();
-    char c;
-    while (port_.readChar(c))
-        IR_Comm_OnComm(c);
+    {
+        // What the arrivals change in the main window is shown once they are all taken.
+        const ViewModel::Hold hold(main_);
+        char c;
+        while (port_.readChar(c))
+            IR_Comm_OnComm(c);
+    }
     file.release();
     pumping_ = false;
 }

@@ -64,6 +64,118 @@ bool axisReaches(const QCPAxis* axis, const QRect& area)
     }
     return band.intersects(area);
 }
+// Whether the plot draws an element of the given kind antialiased, the element's own wish given.
+bool antialiased(const QCustomPlot& plot, QCP::AntialiasedElement kind, bool own)
+{
+    if (plot.notAntialiasedElements().testFlag(kind))
+        return false;
+    return plot.antialiasedElements().testFlag(kind) || own;
+}
+
+// Draws the part of a grid line from `from` to `to` that crosses the area. A dotted line is
+// stroked pixel by pixel along its whole length however little of it shows, which made grid
+// lines most of the cost of a small redraw; this one starts a whole number of dash periods
+// after the line's start, just before the area, so its dots fall where the full line's do.
+void drawLineInArea(QCPPainter* painter, QPointF from, QPointF to, const QRect& area)
+{
+    const bool vertical = from.x() == to.x();
+    const double start = vertical ? from.y() : from.x();
+    const double end = vertical ? to.y() : to.x();
+    const double direction = end < start ? -1.0 : 1.0;
+    // Where the line enters and leaves the area, with a pixel to spare.
+    const double enter = direction > 0 ? (vertical ? area.top() : area.left()) - 2.0
+                                       : (vertical ? area.bottom() : area.right()) + 2.0;
+    const double leave = direction > 0 ? (vertical ? area.bottom() : area.right()) + 2.0
+                                       : (vertical ? area.top() : area.left()) - 2.0;
+    const QPen& pen = painter->pen();
+    double period = 0.0;
+    if (pen.style() != Qt::SolidLine) {
+        for (qreal dash : pen.dashPattern())
+            period += dash;
+        period *= std::max(pen.widthF(), 1.0);
+    }
+    double first = start;
+    const double before = (enter - start) * direction;
+    if (before > 0.0)
+        first = start + direction * (period > 0.0 ? std::floor(before / period) * period : before);
+    double last = end;
+    if ((end - leave) * direction > 0.0)
+        last = leave;
+    if ((last - first) * direction <= 0.0)
+        return;
+    if (vertical)
+        painter->drawLine(QLineF(from.x(), first, from.x(), last));
+    else
+        painter->drawLine(QLineF(first, from.y(), last, from.y()));
+}
+
+// A grid as QCPGrid draws it (lines at the axis's ticks across the axis rectangle, a tick at
+// zero drawn with the zero-line pen), each line only where it crosses the area. False when the
+// grid has sub-grid lines, which are left to the grid itself.
+bool drawGridInArea(const QCustomPlot& plot, QCPGrid* grid, QCPPainter* painter, const QRect& area)
+{
+    if (grid->subGridVisible())
+        return false;
+    QCPAxis* axis = nullptr;
+    for (QCPAxis* candidate : plot.axisRect()->axes()) {
+        if (candidate->grid() == grid)
+            axis = candidate;
+    }
+    if (!axis)
+        return false;
+    const QRect rect = axis->axisRect()->rect();
+    const QCPRange range = axis->range();
+    const QVector<double> ticks = axis->tickVector();
+    const bool horizontal = axis->orientation() == Qt::Horizontal;
+    auto line = [&](double tick) {
+        const double t = axis->coordToPixel(tick);
+        if (horizontal)
+            drawLineInArea(painter, QPointF(t, rect.bottom()), QPointF(t, rect.top()), area);
+        else
+            drawLineInArea(painter, QPointF(rect.left(), t), QPointF(rect.right(), t), area);
+    };
+    int zeroIndex = -1;
+    if (grid->zeroLinePen().style() != Qt::NoPen && range.lower < 0 && range.upper > 0) {
+        const double epsilon = range.size() * 1E-6;
+        for (int i = 0; i < ticks.size(); ++i) {
+            if (qAbs(ticks.at(i)) < epsilon) {
+                zeroIndex = i;
+                painter->setAntialiasing(
+                    antialiased(plot, QCP::aeZeroLine, grid->antialiasedZeroLine()));
+                painter->setPen(grid->zeroLinePen());
+                line(ticks.at(i));
+                break;
+            }
+        }
+    }
+    painter->setAntialiasing(antialiased(plot, QCP::aeGrid, grid->antialiased()));
+    painter->setPen(grid->pen());
+    for (int i = 0; i < ticks.size(); ++i) {
+        if (i != zeroIndex)
+            line(ticks.at(i));
+    }
+    return true;
+}
+
+// The paint buffer, which a replot clears before every layer draws into it. When the "fill"
+// layer is about to cover each pixel with an opaque colour anyway, the clearing is skipped: on a
+// large window it is one of the dearer steps of a replot.
+class CoveredBuffer : public QCPPaintBufferPixmap {
+public:
+    CoveredBuffer(const QSize& size, double ratio, const ChartPlot& plot)
+        : QCPPaintBufferPixmap(size, ratio)
+        , plot_(plot)
+    {
+    }
+    void clear(const QColor& color) override
+    {
+        if (!plot_.paintsOpaque())
+            QCPPaintBufferPixmap::clear(color);
+    }
+
+private:
+    const ChartPlot& plot_;
+};
 } // namespace
 
 ChartPlot::ChartPlot(QWidget* parent)
@@ -98,6 +210,16 @@ void ChartPlot::paintEvent(QPaintEvent* event)
     mPaintBuffers.first()->draw(&painter);
 }
 
+// Runs just before a replot sets up its paint buffers: the one buffer becomes a CoveredBuffer,
+// which the replot then sizes and hands to every layer.
+void ChartPlot::updateLayout()
+{
+    QCustomPlot::updateLayout();
+    if (mPaintBuffers.size() == 1 && !dynamic_cast<CoveredBuffer*>(mPaintBuffers.first().data()))
+        mPaintBuffers.first().reset(
+            new CoveredBuffer(mViewport.size(), mBufferDevicePixelRatio, *this));
+}
+
 bool ChartPlot::redrawArea(const QRect& area)
 {
     if (!paintsOpaque() || mReplotting || mReplotQueued || mPaintBuffers.first()->invalidated())
@@ -123,7 +245,9 @@ bool ChartPlot::redrawArea(const QRect& area)
                     continue;
                 painter->save();
                 painter->setClipRect(clip);
-                LayerableCalls::drawWith(element, painter);
+                auto* grid = qobject_cast<QCPGrid*>(element);
+                if (!grid || !drawGridInArea(*this, grid, painter, part))
+                    LayerableCalls::drawWith(element, painter);
                 painter->restore();
             }
         }

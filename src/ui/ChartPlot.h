@@ -31,6 +31,7 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void updateLayout() override;
 
 private:
     friend class ViewportFill;

@@ -248,8 +248,9 @@ void QCustomPlotSurface::endBatch()
 {
     if (batchDepth_ == 0)
         return;
+    // A closed batch is complete, so new points may be drawn at once.
     if (--batchDepth_ == 0)
-        replotWhenDue();
+        replotWhenDue(true);
 }
 
 void QCustomPlotSurface::redraw() { changed(); }
@@ -357,7 +358,7 @@ int QCustomPlotSurface::msUntilRedraw() const
     return gate_.isActive() ? std::max(gate_.remainingTime(), 0) : 0;
 }
 
-void QCustomPlotSurface::replotWhenDue(bool fromGate)
+void QCustomPlotSurface::replotWhenDue(bool drawNow)
 {
     if (!pending_)
         return;
@@ -368,7 +369,7 @@ void QCustomPlotSurface::replotWhenDue(bool fromGate)
             gate_.start(int(wait));
         return;
     }
-    if (!viewPending_ && !fromGate) {
+    if (!viewPending_ && !drawNow) {
         // New points are drawn at the next pass of the event loop, with whatever else it adds.
         gate_.start(0);
         return;

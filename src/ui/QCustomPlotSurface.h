@@ -121,7 +121,7 @@ private:
     void showRange(AxisState& state);
     enum class Change { Points, View };
     void changed(Change change = Change::View);
-    void replotWhenDue(bool fromGate = false);
+    void replotWhenDue(bool drawNow = false);
     enum class Drawing { Done, Nothing, NeedsReplot };
     Drawing drawAddedPoints();
     void beforeReplot();

@@ -3,7 +3,9 @@
 #include "base/Numbers.h"
 #include "base/StringUtils.h"
 
+#include <QRandomGenerator>
 #include <QTest>
+#include <vector>
 
 class TestTextRules : public QObject {
     Q_OBJECT
@@ -134,6 +136,34 @@ private slots:
         QCOMPARE(Numbers::NumberText(0.5), QString("0.5"));
         QCOMPARE(Numbers::NumberText(-12.25), QString("-12.25"));
         QCOMPARE(Numbers::NumberText(1.0 / 3.0), QString("0.333333333333333"));
+        QCOMPARE(Numbers::NumberText(-0.5), QString("-0.5"));
+        QCOMPARE(Numbers::NumberText(1e20), QString("1E+20"));
+        QCOMPARE(Numbers::NumberText(1.5e-7), QString("1.5E-07"));
+    }
+
+    // Whole numbers and tenths take a shorter road; every value must come out as the general
+    // 15-digit conversion writes it, near the edges of that road too.
+    void numberTextMatchesTheGeneralConversion()
+    {
+        auto general = [](double v) {
+            return QString::number(v, 'g', 15)
+                .replace(QLatin1String("e+"), QLatin1String("E+"))
+                .replace(QLatin1String("e-"), QLatin1String("E-"));
+        };
+        QRandomGenerator random(20261122);
+        std::vector<double> values { 0.1, -0.1, 0.3, 2.675, 1e13 - 0.1, 1e13, 1e13 + 0.5,
+            9999999999999.9, 123456789012.3, -32768, 32767, 0.05, 0.95, 1e-5, 3.14159 };
+        for (int i = 0; i < 100000; ++i) {
+            const qint64 whole = random.bounded(qint64(2000000)) - 1000000;
+            values.push_back(double(whole) / 10.0);
+            values.push_back(double(whole) / 100.0);
+            values.push_back(double(random.bounded(qint64(1) << 50)) / 10.0);
+            values.push_back((random.generateDouble() - 0.5) * 1e6);
+        }
+        for (double v : values) {
+            if (v != 0.0)
+                QCOMPARE(Numbers::NumberText(v), general(v));
+        }
     }
 };
 TALAVEX_TEST(TestTextRules)

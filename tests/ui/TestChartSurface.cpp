@@ -279,6 +279,9 @@ private slots:
         QTest::newRow("to the edge") << "a99.5,0 a100,10"
                                      << ""
                                      << "part";
+        QTest::newRow("over the zero line") << "a40,-3 a42,4 a44,-1"
+                                            << "zero line"
+                                            << "part";
         QTest::newRow("leaving the view") << "a150,6 a160,7"
                                           << ""
                                           << "part";
@@ -327,6 +330,10 @@ private slots:
         if (extras == QLatin1String("marker")) {
             rig.surface.setMarkerX(41);
             rig.surface.setMarkerVisible(true);
+        }
+        if (extras == QLatin1String("zero line")) {
+            rig.surface.setAxisMin(Axis::Y, -5);
+            rig.plot.yAxis->grid()->setZeroLinePen(QPen(Qt::darkGreen, 0, Qt::DashDotLine));
         }
         if (extras == QLatin1String("symbols"))
             rig.surface.graph(1)->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCircle, 7));

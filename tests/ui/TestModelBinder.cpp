@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -63,6 +64,31 @@ private slots:
         model.markDirty();
         QCoreApplication::processEvents();
         QCOMPARE(view.reading->text(), QStringLiteral("0"));
+    }
+
+    // Changes made under a hold are shown once, as soon as the outermost hold ends, and leave
+    // nothing for the event loop to do.
+    void heldChangesShowWhenTheHoldEnds()
+    {
+        TwoLabels model;
+        View view;
+        ModelBinder binder(model, view.root);
+        QSignalSpy changes(&model, &ViewModel::changed);
+        {
+            const ViewModel::Hold outer(model);
+            {
+                const ViewModel::Hold inner(model);
+                model.status.setCaption(QStringLiteral("SENSING"));
+            }
+            model.reading.setCaption(QStringLiteral("75"));
+            QCOMPARE(changes.count(), 0);
+            QCOMPARE(view.status->text(), QStringLiteral("IDLE"));
+        }
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(view.status->text(), QStringLiteral("SENSING"));
+        QCOMPARE(view.reading->text(), QStringLiteral("75"));
+        QCoreApplication::processEvents();
+        QCOMPARE(changes.count(), 1);
     }
 
     // A label's colours come from the model through its palette, over the palette it had when
