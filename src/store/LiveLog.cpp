@@ -47,10 +47,13 @@ void LiveLog::writeReading(const QDateTime& now, double reading)
     const qint64 ms = now.toMSecsSinceEpoch();
     const qint64 second = ms >= 0 ? ms / 1000 : (ms - 999) / 1000;
     if (second != stampSecond_) {
-        stamp_ = stamp(now);
+        stampBytes_ = stamp(now).toLatin1();
         stampSecond_ = second;
     }
-    file_.write((line(stamp_, ms - startMs_, reading) + QStringLiteral("\r\n")).toLatin1());
+    QByteArray out = stampBytes_;
+    out += line(QString(), ms - startMs_, reading).toLatin1();
+    out += "\r\n";
+    file_.write(out);
 }
 
 void LiveLog::close()

@@ -35,5 +35,5 @@ private:
     // The stamp of the second last written: readings that come many a second share it, and the
     // local time is worked out once a second instead of for each of them.
     qint64 stampSecond_ = -1;
-    QString stamp_;
+    QByteArray stampBytes_;
 };

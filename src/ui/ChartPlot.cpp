@@ -16,7 +16,17 @@ protected:
     void applyDefaultAntialiasingHint(QCPPainter*) const override { }
     void draw(QCPPainter* painter) override
     {
-        painter->fillRect(plot_->viewport(), plot_->backgroundBrush());
+        // An axis rectangle that fills itself with an opaque colour is left out: filling it
+        // twice costs a good part of a replot on a large window.
+        const QCPAxisRect* rect = plot_->axisRect();
+        const QBrush inner = rect ? rect->backgroundBrush() : QBrush();
+        if (!rect || !rect->realVisibility() || inner.style() != Qt::SolidPattern
+            || inner.color().alpha() != 255 || !rect->background().isNull()) {
+            painter->fillRect(plot_->viewport(), plot_->backgroundBrush());
+            return;
+        }
+        for (const QRect& part : QRegion(plot_->viewport()).subtracted(rect->rect()))
+            painter->fillRect(part, plot_->backgroundBrush());
     }
 
 private:
