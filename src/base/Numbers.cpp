@@ -31,11 +31,17 @@ double Val(const QString& text)
     }
     bool anyDigit = false;
     bool seenPoint = false;
+    // A whole number of up to 15 digits, what readings are, is exact in a double and needs no
+    // conversion by the C library.
+    qint64 whole = 0;
+    int wholeDigits = 0;
     for (skipBlanks(); i < n; skipBlanks()) {
         const QChar c = text.at(i);
         if (isDigit(c)) {
             digits.append(char(c.unicode()));
             anyDigit = true;
+            if (!seenPoint && ++wholeDigits <= 15)
+                whole = whole * 10 + (c.unicode() - u'0');
         } else if (c == QLatin1Char('.') && !seenPoint) {
             digits.append('.');
             seenPoint = true;
@@ -69,6 +75,8 @@ double Val(const QString& text)
         if (expDigit)
             digits.append(exponent);
     }
+    if (!seenPoint && wholeDigits <= 15 && !digits.contains('e'))
+        return digits.startsWith('-') ? -double(whole) : double(whole);
     const double value = std::strtod(digits.constData(), nullptr);
     return std::isfinite(value) ? value : 0.0;
 }

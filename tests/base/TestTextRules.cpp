@@ -5,6 +5,8 @@
 
 #include <QRandomGenerator>
 #include <QTest>
+#include <cmath>
+#include <cstdlib>
 #include <vector>
 
 class TestTextRules : public QObject {
@@ -72,6 +74,33 @@ private slots:
         QFETCH(double, value);
         QCOMPARE(Numbers::IsNumeric(text), numeric);
         QCOMPARE(Numbers::Val(text), value);
+    }
+
+    // Whole numbers take a shorter road than the C library; they must come out the same,
+    // blanks, signs, long digit strings and a negative zero included.
+    void valOfWholeNumbers()
+    {
+        QRandomGenerator random(7);
+        for (int i = 0; i < 20000; ++i) {
+            const int length = 1 + random.bounded(19);
+            QString text = random.bounded(3) == 0
+                ? QStringLiteral("-")
+                : (random.bounded(2) ? QStringLiteral("+") : QString());
+            QByteArray compact = text.toLatin1();
+            for (int d = 0; d < length; ++d) {
+                const char digit = char('0' + random.bounded(10));
+                text += QLatin1Char(digit);
+                compact += digit;
+                if (random.bounded(6) == 0)
+                    text += QLatin1Char(' ');
+            }
+            if (random.bounded(4) == 0)
+                text += QStringLiteral(" DEG F");
+            const double expected = std::strtod(compact.constData(), nullptr);
+            const double value = Numbers::Val(text);
+            QVERIFY2(value == expected && std::signbit(value) == std::signbit(expected),
+                qPrintable(text));
+        }
     }
 
     void rounding_data()
