@@ -14,6 +14,9 @@ public:
 
 protected:
     void applyDefaultAntialiasingHint(QCPPainter*) const override { }
+    // A replot clips each element to its clip rectangle moved up a pixel; this one is moved down
+    // first, so the fill reaches the widget's bottom row too.
+    QRect clipRect() const override { return plot_->viewport().translated(0, 1); }
     void draw(QCPPainter* painter) override
     {
         // An axis rectangle that fills itself with an opaque colour is left out: filling it

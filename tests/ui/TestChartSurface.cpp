@@ -417,8 +417,12 @@ private slots:
         QCOMPARE(rig.plot.paintsOpaque(), opaque);
 
         const QImage shot = rig.plot.grab().toImage();
-        if (opaque)
-            QCOMPARE(shot.pixelColor(2, 2), background);
+        if (opaque) {
+            // Every corner, the bottom row included.
+            for (const QPoint corner : { QPoint(0, 0), QPoint(shot.width() - 1, 0),
+                     QPoint(0, shot.height() - 1), QPoint(shot.width() - 1, shot.height() - 1) })
+                QCOMPARE(shot.pixelColor(corner), background);
+        }
         const int lineY = int(rig.plot.yAxis->coordToPixel(5));
         const int midX = int(rig.plot.xAxis->coordToPixel(5));
         bool red = false;
