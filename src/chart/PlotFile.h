@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/WholeFile.h"
+
 #include <QString>
 #include <vector>
 
@@ -37,7 +39,7 @@ struct PlotData {
 
 namespace PlotFile {
 // Writes the whole file or nothing.
-bool Write(const QString& path, const PlotData& plot);
+WholeFile::Result Write(const QString& path, const PlotData& plot);
 // Reads a plot; false with *error saying what is wrong when the file cannot be read or is not a
 // whole plot file. *plot is only changed on success.
 bool Read(const QString& path, PlotData* plot, QString* error = nullptr);

@@ -1,14 +1,14 @@
 #include "DataPointFiles.h"
 
 #include "DataPointStore.h"
-#include "WholeFile.h"
 #include "base/AppState.h"
 #include "base/MainWindowModel.h"
 #include "base/StringUtils.h"
 
 #include <QFile>
 
-bool SaveDataPointStorage(const AppState& state, const DataPointStore& store, bool append)
+WholeFile::Result SaveDataPointStorage(
+    const AppState& state, const DataPointStore& store, bool append)
 {
     return WholeFile::Write(state.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)),
         (store.text() + StringUtils::CrLf).toLatin1(), append);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/WholeFile.h"
+
 #include <QString>
 
 struct AppState;
@@ -13,8 +15,9 @@ constexpr const char* StorageFileName = "DPStorage.dat";
 }
 
 // Writes the store text and CR LF to "DPStorage.dat", after what it holds when `append`, else
-// in place of it. False when the file could not be written; it is then as it was.
-bool SaveDataPointStorage(const AppState& state, const DataPointStore& store, bool append);
+// in place of it. When the file could not be written it is as it was, and the result says why.
+WholeFile::Result SaveDataPointStorage(
+    const AppState& state, const DataPointStore& store, bool append);
 // Replaces the store text with the non-empty lines of "DPStorage.dat", each ended by CR LF. A
 // missing or unreadable file leaves the store as it is and gives false.
 bool LoadDataPointStorage(const AppState& state, DataPointStore& store);

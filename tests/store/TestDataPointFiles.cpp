@@ -1,6 +1,5 @@
 #include "support/FakeClock.h"
 #include "support/FakePrompter.h"
-#include "support/ReadOnlyDir.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
@@ -274,30 +273,6 @@ private slots:
         QCOMPARE(rig.prompter.shown.size(), size_t(1));
         QCOMPARE(rig.prompter.titles(), QStringList { "NO DATA TO SAVE" });
         QCOMPARE(rig.prompter.messages().front().text, QStringLiteral("YOU HAVE NO DATA TO SAVE"));
-    }
-
-    void readOnlyDirectoryKeepsEveryFile()
-    {
-        StoreRig rig;
-        const QString storage = rig.path(DataPointFiles::StorageFileName);
-        const QString text = rig.path("export.txt");
-        writeAll(storage, "before\r\n");
-        writeAll(text, "before\r\n");
-        QFile::setPermissions(storage, QFileDevice::ReadOwner | QFileDevice::ReadOther);
-        QFile::setPermissions(text, QFileDevice::ReadOwner | QFileDevice::ReadOther);
-        rig.store.setText(QStringLiteral("75"));
-        {
-            ReadOnlyDir readOnly(rig.dir.path());
-            QVERIFY(!SaveDataPointStorage(rig.state, rig.store, false));
-            QVERIFY(!SaveDataPointStorage(rig.state, rig.store, true));
-            QVERIFY(!rig.text.CreateTextFile2(text, true));
-            QVERIFY(!rig.text.CreateTextFile2(text, false));
-            QVERIFY(!rig.text.CreateTextFile2(rig.path("new.txt"), false));
-        }
-        QCOMPARE(readAll(storage), QByteArray("before\r\n"));
-        QCOMPARE(readAll(text), QByteArray("before\r\n"));
-        QCOMPARE(QDir(rig.dir.path()).entryList(QDir::Files | QDir::Hidden),
-            QStringList({ "DPStorage.dat", "export.txt" }));
     }
 
     void liveLogLines_data()
