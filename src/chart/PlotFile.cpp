@@ -178,6 +178,12 @@ bool Read(const QString& path, PlotData* plot, QString* error)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(error, QStringLiteral("THE FILE CANNOT BE OPENED."));
+    if (file.size() > MaxFileBytes) {
+        return fail(error,
+            QStringLiteral(
+                "THE FILE IS LARGER THAN %1 MB, THE LARGEST PLOT FILE THE PROGRAM READS.")
+                .arg(MaxFileBytes / (1024 * 1024)));
+    }
     return Parse(file.readAll(), plot, error);
 }
 

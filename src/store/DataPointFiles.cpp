@@ -14,11 +14,14 @@ WholeFile::Result SaveDataPointStorage(
         (store.text() + StringUtils::CrLf).toLatin1(), append);
 }
 
-bool LoadDataPointStorage(const AppState& state, DataPointStore& store)
+DataPointFiles::Loaded LoadDataPointStorage(const AppState& state, DataPointStore& store)
 {
+    using DataPointFiles::Loaded;
     QFile file(state.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)));
     if (!file.open(QIODevice::ReadOnly))
-        return false;
+        return Loaded::Unreadable;
+    if (file.size() > DataPointFiles::MaxStorageBytes)
+        return Loaded::TooLarge;
     QString text;
     while (!file.atEnd()) {
         QByteArray line = file.readLine();
@@ -30,9 +33,9 @@ bool LoadDataPointStorage(const AppState& state, DataPointStore& store)
         text += StringUtils::CrLf;
     }
     if (file.error() != QFileDevice::NoError)
-        return false;
+        return Loaded::Unreadable;
     store.setText(text);
-    return true;
+    return Loaded::Yes;
 }
 
 void ClearSystemParameters(MainWindowModel& main)

@@ -200,6 +200,43 @@ private slots:
         const QStringList lines = box.text.split(QStringLiteral("\r\n"));
         QVERIFY2(lines.contains(path) && lines.contains(why), qPrintable(box.text));
     }
+
+    // Files far larger than any the program writes are not read at all, and the operator is
+    // told the bound.
+    void oversizedFilesAreNotRead_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("plot") << "big.rec"
+                              << "UNABLE TO LOAD PLOT FILE";
+        QTest::newRow("stored points") << "DPStorage.dat"
+                                       << "FILE TOO LARGE";
+    }
+    void oversizedFilesAreNotRead()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, title);
+        AppRig rig;
+        Application& a = rig.app();
+        const QString path = rig.dir.filePath(file);
+        QFile big(path);
+        QVERIFY(big.open(QIODevice::WriteOnly));
+        big.write("TALAVEX PLOT 1\r\n\t#001\t75\tDEG F\r\n");
+        QVERIFY(big.resize(64 * 1024 * 1024 + 1));
+        big.close();
+        a.store.setText(QStringLiteral("kept"));
+        const PlotData chart = a.chartCommands.TakePlot();
+        if (file.endsWith(QLatin1String(".rec")))
+            a.chartCommands.LoadPlot(path);
+        else
+            a.files.mnuDownloadedDataPoints_Click();
+        QCOMPARE(a.store.text(), QStringLiteral("kept"));
+        QVERIFY(a.chartCommands.TakePlot() == chart);
+        const qsizetype at = rig.prompter.titles().indexOf(title);
+        QVERIFY(at >= 0);
+        const QString text = rig.prompter.messages().at(size_t(at)).text;
+        QVERIFY2(text.contains(path) && text.contains(QLatin1String("64 MB")), qPrintable(text));
+    }
 };
 TALAVEX_TEST(TestFileFaults)
 #include "TestFileFaults.moc"

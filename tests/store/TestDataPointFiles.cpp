@@ -73,7 +73,7 @@ private slots:
         }
         QCOMPARE(readAll(rig.path(DataPointFiles::StorageFileName)), file);
         rig.store.setText(QStringLiteral("replaced"));
-        QVERIFY(LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(LoadDataPointStorage(rig.state, rig.store), DataPointFiles::Loaded::Yes);
         QCOMPARE(rig.store.text(), loaded);
     }
 
@@ -81,7 +81,7 @@ private slots:
     {
         StoreRig rig;
         rig.store.setText(QStringLiteral("kept"));
-        QVERIFY(!LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(LoadDataPointStorage(rig.state, rig.store), DataPointFiles::Loaded::Unreadable);
         QCOMPARE(rig.store.text(), QStringLiteral("kept"));
     }
 
@@ -92,7 +92,7 @@ private slots:
         for (int i = 0; i < 40000; ++i)
             big += QByteArray::number(i % 200) + "\r\n";
         writeAll(rig.path(DataPointFiles::StorageFileName), big);
-        QVERIFY(LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(LoadDataPointStorage(rig.state, rig.store), DataPointFiles::Loaded::Yes);
         QCOMPARE(rig.store.text().count(QStringLiteral("\r\n")), 40000);
         QVERIFY(rig.store.text().endsWith(QStringLiteral("199\r\n")));
         // The numeric tables count in 16 bits: so many lines end the read with nothing.
