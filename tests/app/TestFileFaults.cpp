@@ -16,36 +16,24 @@
 #include <sys/mount.h>
 
 namespace {
-// A folder on a tmpfs of 64 KiB of its own while in scope; fill() takes what space is left.
-class SmallDisk {
-public:
-    explicit SmallDisk(const QString& path)
-        : path_(QFile::encodeName(path))
+// A tmpfs of 64 KiB mounted on a folder while in scope; `why` says why it could not be.
+struct SmallDisk {
+    explicit SmallDisk(const QString& folder)
+        : path(QFile::encodeName(folder))
     {
         if (::geteuid() != 0)
             why = QStringLiteral("mounting a tmpfs needs root");
-        else if (::mount("tmpfs", path_.constData(), "tmpfs", 0, "size=64k") != 0)
+        else if (::mount("tmpfs", path.constData(), "tmpfs", 0, "size=64k") != 0)
             why = QStringLiteral("no tmpfs could be mounted: ")
                 + QString::fromLocal8Bit(std::strerror(errno));
     }
     ~SmallDisk()
     {
         if (why.isEmpty())
-            ::umount2(path_.constData(), MNT_DETACH);
+            ::umount2(path.constData(), MNT_DETACH);
     }
-    bool fill() const
-    {
-        QFile filler(QFile::decodeName(path_) + QStringLiteral("/filler"));
-        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-            return false;
-        const QByteArray page(4096, 'x');
-        while (filler.write(page) > 0) { }
-        return true;
-    }
-    QString why; // empty when mounted
-
-private:
-    QByteArray path_;
+    QByteArray path;
+    QString why;
 };
 
 enum Writer {
@@ -128,8 +116,11 @@ private slots:
         QFile::setPermissions(path,
             QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup
                 | QFileDevice::WriteGroup | QFileDevice::ReadOther | QFileDevice::WriteOther);
-        if (disk)
-            QVERIFY(disk->fill());
+        if (disk) { // every byte left taken
+            QFile filler(rig.dir.filePath(QStringLiteral("filler")));
+            QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+            while (filler.write(QByteArray(4096, 'x')) > 0) { }
+        }
         const QString storedPoint = QStringLiteral("\r\n\t#001\t75\tDEG F\r\n");
         QString reason;
         {
