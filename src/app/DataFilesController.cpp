@@ -41,9 +41,19 @@ void DataFilesController::mnuDownloadedDataPoints_Click()
 {
     // The kept download comes back into the store, ready to be saved again, unless a download
     // is on hand in the stored points window.
-    if (!state_.DownloadFromWindow)
-        LoadDataPointStorage(state_, store_);
-    ShowInNotepad(state_.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)));
+    const QString path = state_.filePath(QString::fromLatin1(DataPointFiles::StorageFileName));
+    if (!state_.DownloadFromWindow
+        && LoadDataPointStorage(state_, store_) == DataPointFiles::Loaded::TooLarge) {
+        prompter_.message(QStringLiteral("FILE TOO LARGE"),
+            path + StringUtils::CrLf
+                + QStringLiteral("IS LARGER THAN %1 MB, THE LARGEST FILE OF STORED POINTS THE "
+                                 "PROGRAM READS.")
+                      .arg(DataPointFiles::MaxStorageBytes / (1024 * 1024))
+                + StringUtils::CrLf
+                + QStringLiteral("THE DOWNLOADED DATA POINTS HAVE NOT BEEN LOADED."),
+            Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+    }
+    ShowInNotepad(path);
 }
 
 void DataFilesController::ShowInNotepad(const QString& fileName)

@@ -71,7 +71,7 @@ void MainController::Shutdown()
     shutDown_ = true;
     if (port_.isOpen())
         port_.close();
-    settings_.SaveSettings();
+    SaveSettings();
     emit quitRequested();
 }
 
@@ -118,4 +118,16 @@ void MainController::mnuClearChart_Click()
     chart_.UpdateLimitLines();
 }
 
-void MainController::mnuCreateSettingsFile_Click() { settings_.SaveSettings(); }
+void MainController::mnuCreateSettingsFile_Click() { SaveSettings(); }
+
+void MainController::SaveSettings()
+{
+    const WholeFile::Result saved = settings_.SaveSettings();
+    if (saved)
+        return;
+    prompter_.message(QStringLiteral("SETTINGS NOT SAVED"),
+        QStringLiteral("THE SETTINGS COULD NOT BE WRITTEN TO\r\n")
+            + state_.filePath(QString::fromLatin1(SettingsFileIO::FileName))
+            + QStringLiteral("\r\n") + saved.reason,
+        Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+}

@@ -31,6 +31,8 @@ public:
     void CheckMemory();
     // Every way out: the port is closed first, then the settings are saved.
     void Shutdown();
+    // Saves the settings; a failure is told, with the system's reason.
+    void SaveSettings();
 
     void mnuRealTimeGraphOn_Click();
     void mnuAutoCompressed_Click();

@@ -52,7 +52,7 @@ void SettingsFileIO::GatherSettings()
     v[20] = QStringLiteral("300");
 }
 
-bool SettingsFileIO::SaveSettings()
+WholeFile::Result SettingsFileIO::SaveSettings()
 {
     GatherSettings();
     return SettingsFile::Write(

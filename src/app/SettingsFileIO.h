@@ -38,9 +38,9 @@ public:
 
     // Refreshes the entries the live state owns.
     void GatherSettings();
-    // Gathers, then writes all 23 entries at once; false when the file could not be written
-    // (the previous file is then left whole).
-    bool SaveSettings();
+    // Gathers, then writes all 23 entries at once; when the file could not be written the
+    // previous file is left whole and the result says why.
+    WholeFile::Result SaveSettings();
     // Reads "Settings.dat" (or the factory file when useDefaults) and applies it. A missing or
     // unreadable user file falls back to the factory settings beside the program, then to the
     // copy built into it, so the first start looks right.

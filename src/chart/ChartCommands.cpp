@@ -185,12 +185,12 @@ void ChartCommands::RestorePlot(const PlotData& plot)
 bool ChartCommands::SavePlot(const QString& path)
 {
     busy(true);
-    const bool saved = PlotFile::Write(path, TakePlot());
+    const WholeFile::Result saved = PlotFile::Write(path, TakePlot());
     busy(false);
     if (!saved) {
         prompter_.message(QStringLiteral("PLOT NOT SAVED"),
-            QStringLiteral("THE PLOT COULD NOT BE WRITTEN TO") + Crlf + path, Prompter::Buttons::Ok,
-            Prompter::Icon::Exclamation);
+            QStringLiteral("THE PLOT COULD NOT BE WRITTEN TO") + Crlf + path + Crlf + saved.reason,
+            Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
         return false;
     }
     state_.PlotSaved = true;

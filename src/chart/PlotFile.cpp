@@ -1,7 +1,6 @@
 #include "PlotFile.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -107,15 +106,9 @@ QByteArray Render(const PlotData& plot)
     return out;
 }
 
-bool Write(const QString& path, const PlotData& plot)
+WholeFile::Result Write(const QString& path, const PlotData& plot)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    const QByteArray text = Render(plot);
-    if (file.write(text) != text.size())
-        return false;
-    return file.commit();
+    return WholeFile::Write(path, Render(plot));
 }
 
 bool Parse(const QByteArray& text, PlotData* plot, QString* error)
@@ -185,6 +178,12 @@ bool Read(const QString& path, PlotData* plot, QString* error)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(error, QStringLiteral("THE FILE CANNOT BE OPENED."));
+    if (file.size() > MaxFileBytes) {
+        return fail(error,
+            QStringLiteral(
+                "THE FILE IS LARGER THAN %1 MB, THE LARGEST PLOT FILE THE PROGRAM READS.")
+                .arg(MaxFileBytes / (1024 * 1024)));
+    }
     return Parse(file.readAll(), plot, error);
 }
 

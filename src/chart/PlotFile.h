@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/WholeFile.h"
+
 #include <QString>
 #include <vector>
 
@@ -36,10 +38,16 @@ struct PlotData {
 };
 
 namespace PlotFile {
+// A week of readings at one a second is 604,800 lines of some 28 bytes each (an X of up to 18
+// characters in minutes or hours, a reading of up to 6): 17 MB. A file four times that is no
+// plot the program wrote, and reading it whole would hold the window for seconds.
+constexpr qint64 MaxFileBytes = 64 * 1024 * 1024;
+
 // Writes the whole file or nothing.
-bool Write(const QString& path, const PlotData& plot);
-// Reads a plot; false with *error saying what is wrong when the file cannot be read or is not a
-// whole plot file. *plot is only changed on success.
+WholeFile::Result Write(const QString& path, const PlotData& plot);
+// Reads a plot; false with *error saying what is wrong when the file cannot be read, is larger
+// than MaxFileBytes (nothing of it is read then) or is not a whole plot file. *plot is only
+// changed on success.
 bool Read(const QString& path, PlotData* plot, QString* error = nullptr);
 // The same rules on text already read.
 bool Parse(const QByteArray& text, PlotData* plot, QString* error = nullptr);

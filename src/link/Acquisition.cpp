@@ -12,6 +12,7 @@
 #include "base/TempBarDisplay.h"
 #include "chart/GraphingFunctions.h"
 #include "store/FileHeader.h"
+#include "store/PreviousRuns.h"
 
 Acquisition::Acquisition(AppState& state, MainWindowModel& main, SerialPort& port,
     GraphingFunctions& chart, Prompter& prompter, Clock& clock, Beeper& beeper,
@@ -91,12 +92,17 @@ void Acquisition::mnuSenseTemperature_Click()
         mnuStop_Click();
         return;
     }
-    lastObtained_.open(state_.filePath(QString::fromLatin1(LastObtainedFile::FileName)));
+    // The files of the run before are kept first; files that cannot be are not overwritten, and
+    // this run is not logged.
+    const bool previousKept = PreviousRuns::Keep(state_.ProgramDirectory);
+    if (previousKept)
+        lastObtained_.open(state_.filePath(QString::fromLatin1(LastObtainedFile::FileName)));
     lastObtained_.writeLine(BuildFileHeader(state_, main_, clock_));
     // The text stamp marks the run, on a line of its own after the header.
     if (!state_.TextStamp.isEmpty())
         lastObtained_.writeLine(state_.TextStamp);
-    liveLog_.open(state_.filePath(QString::fromLatin1(LiveLog::FileName)), clock_.now());
+    if (previousKept)
+        liveLog_.open(state_.filePath(QString::fromLatin1(LiveLog::FileName)), clock_.now());
 
     for (Control* item :
         { &main_.mnuSystemSetup, &main_.mnuFile, &main_.mnuSavePlotToFile, &main_.mnuLoadPlotFile,

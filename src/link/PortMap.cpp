@@ -1,7 +1,6 @@
 #include "PortMap.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 namespace {
 // A port file is a few short lines; anything much larger is not one.
@@ -73,19 +72,12 @@ void PortMap::load(const QString& programDirectory)
     }
 }
 
-bool PortMap::save(const QString& programDirectory) const
+WholeFile::Result PortMap::save(const QString& programDirectory) const
 {
-    QSaveFile file(pathIn(programDirectory));
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
     QByteArray content;
     for (const QString& device : devices_)
         content += device.toUtf8() + "\r\n";
-    if (file.write(content) != content.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    return WholeFile::Write(pathIn(programDirectory), content);
 }
 
 QString PortMap::device(int number) const

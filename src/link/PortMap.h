@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/WholeFile.h"
+
 #include <QMap>
 #include <QString>
 #include <vector>
@@ -21,9 +23,9 @@ public:
     // Reads the bindings leniently: a missing file, a short one or a line that is no device
     // name leaves the defaults for those numbers. Run-time overrides are kept.
     void load(const QString& programDirectory);
-    // Writes every binding (never the run-time overrides) at once, so a crash cannot leave half
-    // a file behind.
-    bool save(const QString& programDirectory) const;
+    // Writes every binding (never the run-time overrides) at once, so a crash or a full disk
+    // cannot leave half a file behind.
+    WholeFile::Result save(const QString& programDirectory) const;
 
     // The device for `number` this run: the run-time override when there is one, else the
     // binding, else the default. Empty for numbers below 1.

@@ -80,7 +80,17 @@ bool ProgramParametersController::comDevice_Click()
     if (number == state_.CommPortNumber)
         SetCommPort(port_, state_.CommPortNumber);
     showDevice();
-    return ports_.save(state_.ProgramDirectory);
+    const WholeFile::Result saved = ports_.save(state_.ProgramDirectory);
+    if (!saved) {
+        prompter_.message(QStringLiteral("SERIAL PORTS NOT SAVED"),
+            QStringLiteral("THE SERIAL PORT DEVICES COULD NOT BE WRITTEN TO\r\n")
+                + state_.filePath(PortMap::fileName()) + QStringLiteral("\r\n") + saved.reason
+                + QStringLiteral("\r\nCOM %1 USES %2 UNTIL THE PROGRAM ENDS.")
+                      .arg(number)
+                      .arg(ports_.device(number)),
+            Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+    }
+    return saved.ok;
 }
 
 int ProgramParametersController::shownPortNumber() const

@@ -30,7 +30,8 @@ public:
     void comCommPort_Click();
     // The operator picked a device from comDevice's list or finished typing one (the text is
     // comDevice's caption). Binds it to the shown port number and saves the port file; false
-    // when the file could not be written (the binding still holds for this run).
+    // when the file could not be written, which the operator is told (the binding still holds
+    // for this run).
     bool comDevice_Click();
     // Listens on every serial device the system reports and offers to bind the shown port
     // number to the one where instrument records arrive. Never transmits.

@@ -59,8 +59,8 @@ void StoredPointsController::Form_Unload()
     state_.DownloadFromWindow = false;
     // The downloaded points are kept when the window closes, for the downloaded points view;
     // a window closed without any keeps the points kept before.
-    if (holdsDownloadedPoints(store_.text()))
-        SaveDataPointStorage(state_, store_, false);
+    if (holdsDownloadedPoints(store_.text()) && text_)
+        text_->KeepDownload();
     // Closing the window ends the download mode, unless that command is what closes it.
     if (!acquisition_.isUnloadingStoredPoints())
         acquisition_.mnuDownloadData_Click();

@@ -1,24 +1,27 @@
 #include "DataPointFiles.h"
 
 #include "DataPointStore.h"
-#include "WholeFile.h"
 #include "base/AppState.h"
 #include "base/MainWindowModel.h"
 #include "base/StringUtils.h"
 
 #include <QFile>
 
-bool SaveDataPointStorage(const AppState& state, const DataPointStore& store, bool append)
+WholeFile::Result SaveDataPointStorage(
+    const AppState& state, const DataPointStore& store, bool append)
 {
     return WholeFile::Write(state.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)),
         (store.text() + StringUtils::CrLf).toLatin1(), append);
 }
 
-bool LoadDataPointStorage(const AppState& state, DataPointStore& store)
+DataPointFiles::Loaded LoadDataPointStorage(const AppState& state, DataPointStore& store)
 {
+    using DataPointFiles::Loaded;
     QFile file(state.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)));
     if (!file.open(QIODevice::ReadOnly))
-        return false;
+        return Loaded::Unreadable;
+    if (file.size() > DataPointFiles::MaxStorageBytes)
+        return Loaded::TooLarge;
     QString text;
     while (!file.atEnd()) {
         QByteArray line = file.readLine();
@@ -30,9 +33,9 @@ bool LoadDataPointStorage(const AppState& state, DataPointStore& store)
         text += StringUtils::CrLf;
     }
     if (file.error() != QFileDevice::NoError)
-        return false;
+        return Loaded::Unreadable;
     store.setText(text);
-    return true;
+    return Loaded::Yes;
 }
 
 void ClearSystemParameters(MainWindowModel& main)

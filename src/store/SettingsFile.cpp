@@ -1,7 +1,8 @@
 #include "SettingsFile.h"
 
+#include "base/WholeFile.h"
+
 #include <QFile>
-#include <QSaveFile>
 
 namespace SettingsFile {
 
@@ -27,16 +28,12 @@ bool Read(const QString& path, Values& values)
     return true;
 }
 
-bool Write(const QString& path, const Values& values)
+WholeFile::Result Write(const QString& path, const Values& values)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    for (const QString& value : values) {
-        file.write(value.toLatin1());
-        file.write("\r\n", 2);
-    }
-    return file.commit();
+    QByteArray bytes;
+    for (const QString& value : values)
+        bytes += value.toLatin1() + "\r\n";
+    return WholeFile::Write(path, bytes);
 }
 
 } // namespace SettingsFile

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/WholeFile.h"
+
 #include <QString>
 #include <array>
 
@@ -16,6 +18,6 @@ constexpr int MaxLineLength = 1024;
 // the end keep what they held. False when the file cannot be opened.
 bool Read(const QString& path, Values& values);
 // Writes all 23 entries at once: a failed write leaves the previous file as it was.
-bool Write(const QString& path, const Values& values);
+WholeFile::Result Write(const QString& path, const Values& values);
 
 } // namespace SettingsFile

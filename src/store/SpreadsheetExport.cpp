@@ -148,9 +148,11 @@ void SpreadsheetExport::save(const WorkbookSheet& sheet)
                Prompter::Buttons::YesNo, Prompter::Icon::Question, Prompter::Answer::No)
             != Prompter::Answer::Yes)
         return;
-    if (writer_ && writer_->write(fileName, sheet))
+    QString why = QStringLiteral("No workbook writer is available.");
+    if (writer_ && writer_->write(fileName, sheet, &why))
         return;
     prompter_.message(QStringLiteral("EXCEL FILE NOT CREATED"),
-        QStringLiteral("THE FILE COULD NOT BE WRITTEN:") + StringUtils::CrLf + fileName,
+        QStringLiteral("THE FILE COULD NOT BE WRITTEN:") + StringUtils::CrLf + fileName
+            + StringUtils::CrLf + why,
         Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
 }

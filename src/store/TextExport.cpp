@@ -1,8 +1,8 @@
 #include "TextExport.h"
 
+#include "DataPointFiles.h"
 #include "DataPointStore.h"
 #include "FileHeader.h"
-#include "WholeFile.h"
 #include "base/AppState.h"
 #include "base/Prompter.h"
 #include "base/StringUtils.h"
@@ -30,11 +30,32 @@ QString TextExport::FileText() const
     return text + store_.text() + StringUtils::CrLf;
 }
 
-bool TextExport::CreateTextFile2(const QString& fileName, bool append) const
+WholeFile::Result TextExport::CreateTextFile2(const QString& fileName, bool append) const
 {
     if (fileName.isEmpty())
-        return false;
+        return { false, QString() };
     return WholeFile::Write(fileName, FileText().toLatin1(), append);
+}
+
+namespace {
+void tellNotSaved(Prompter& prompter, const QString& title, const QString& what,
+    const QString& path, const QString& reason)
+{
+    prompter.message(title,
+        what + QStringLiteral(" COULD NOT BE WRITTEN TO") + StringUtils::CrLf + path
+            + StringUtils::CrLf + reason,
+        Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+}
+} // namespace
+
+void TextExport::KeepDownload()
+{
+    const WholeFile::Result saved = SaveDataPointStorage(state_, store_, false);
+    if (!saved) {
+        tellNotSaved(prompter_, QStringLiteral("DOWNLOADED DATA NOT SAVED"),
+            QStringLiteral("THE DOWNLOADED DATA POINTS"),
+            state_.filePath(QString::fromLatin1(DataPointFiles::StorageFileName)), saved.reason);
+    }
 }
 
 void TextExport::SaveFile()
@@ -52,14 +73,17 @@ void TextExport::SaveFile()
     const QString fileName = prompter_.saveFileName(choice);
     if (fileName.isEmpty())
         return;
+    auto answer = Prompter::Answer::No;
     if (QFileInfo(fileName).isFile()) {
-        const auto answer = prompter_.message(QStringLiteral("DUPLICATE FILE FOUND"),
+        answer = prompter_.message(QStringLiteral("DUPLICATE FILE FOUND"),
             QStringLiteral("THIS ALREADY EXISTS, DO YOU WISH TO APPEND THE DATA?"),
             Prompter::Buttons::YesNoCancel, Prompter::Icon::Question, Prompter::Answer::Cancel);
         if (answer == Prompter::Answer::Cancel)
             return;
-        CreateTextFile2(fileName, answer == Prompter::Answer::Yes);
-        return;
     }
-    CreateTextFile2(fileName, false);
+    const WholeFile::Result saved = CreateTextFile2(fileName, answer == Prompter::Answer::Yes);
+    if (!saved) {
+        tellNotSaved(prompter_, QStringLiteral("FILE NOT SAVED"), QStringLiteral("THE DATA"),
+            fileName, saved.reason);
+    }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/WholeFile.h"
+
 #include <QString>
 
 struct AppState;
@@ -19,13 +21,16 @@ public:
         const Clock& clock, Prompter& prompter, const Control& storedPointsLabel);
 
     // The header (unless a download is on hand) and CR LF, then the store text and CR LF,
-    // after the file's content when `append`. False when the file could not be written; it is
-    // then as it was.
-    bool CreateTextFile2(const QString& fileName, bool append) const;
+    // after the file's content when `append`. When the file could not be written it is as it
+    // was, and the result says why.
+    WholeFile::Result CreateTextFile2(const QString& fileName, bool append) const;
     // What CreateTextFile2 writes.
     QString FileText() const;
-    // SAVE FILE: the save dialog, the append question for an existing file, the write.
+    // SAVE FILE: the save dialog, the append question for an existing file, the write; a
+    // failed write is told.
     void SaveFile();
+    // Keeps the store in "DPStorage.dat" for the downloaded points view; a failure is told.
+    void KeepDownload();
 
     static constexpr const char* NoHeaderCaption = "STORED DATA POINTS...";
 

@@ -25,6 +25,7 @@ struct WorkbookSheet {
 class WorkbookWriter {
 public:
     virtual ~WorkbookWriter() = default;
-    // False when the file could not be written; an existing file is then left as it was.
-    virtual bool write(const QString& path, const WorkbookSheet& sheet) = 0;
+    // False when the file could not be written, with *why saying why; an existing file is then
+    // left as it was.
+    virtual bool write(const QString& path, const WorkbookSheet& sheet, QString* why) = 0;
 };

@@ -1,10 +1,12 @@
 #include "ChartImageExport.h"
 
+#include "base/WholeFile.h"
+
+#include <QBuffer>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QPixmap>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <qcustomplot.h>
 
@@ -33,21 +35,19 @@ ChartImageExport::ChartImageExport(QCustomPlot& plot, QObject* parent)
 bool ChartImageExport::writeImage(const QString& path, Format format, QString* why)
 {
     const QSize size = plot_.size().expandedTo(QSize(320, 240));
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        if (why)
-            *why = file.errorString();
-        return false;
-    }
+    // Drawn in memory first, then written as one whole file.
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
     bool drawn = false;
     switch (format) {
     case Format::Png: {
         const QPixmap picture = plot_.toPixmap(size.width(), size.height());
-        drawn = !picture.isNull() && picture.save(&file, "PNG");
+        drawn = !picture.isNull() && picture.save(&buffer, "PNG");
         break;
     }
     case Format::Pdf: {
-        QPdfWriter pdf(&file);
+        QPdfWriter pdf(&buffer);
         pdf.setCreator(QStringLiteral("TALAVEX"));
         pdf.setTitle(plot_.window()->windowTitle());
         pdf.setResolution(ScreenDpi);
@@ -59,7 +59,7 @@ bool ChartImageExport::writeImage(const QString& path, Format format, QString* w
     }
     case Format::Svg: {
         QSvgGenerator svg;
-        svg.setOutputDevice(&file);
+        svg.setOutputDevice(&buffer);
         svg.setSize(size);
         svg.setViewBox(QRect(QPoint(0, 0), size));
         svg.setResolution(ScreenDpi);
@@ -68,18 +68,11 @@ bool ChartImageExport::writeImage(const QString& path, Format format, QString* w
         break;
     }
     }
-    if (!drawn) {
-        file.cancelWriting();
-        if (why)
-            *why = file.error() != QFileDevice::NoError
-                ? file.errorString()
-                : QStringLiteral("The chart could not be drawn.");
-        return false;
-    }
-    if (!file.commit()) {
-        if (why)
-            *why = file.errorString();
-        return false;
-    }
-    return true;
+    buffer.close();
+    const WholeFile::Result written = drawn
+        ? WholeFile::Write(path, bytes)
+        : WholeFile::Result { false, QStringLiteral("The chart could not be drawn.") };
+    if (!written && why)
+        *why = written.reason;
+    return written.ok;
 }

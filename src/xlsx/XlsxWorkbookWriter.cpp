@@ -1,6 +1,6 @@
 #include "XlsxWorkbookWriter.h"
 
-#include "store/WholeFile.h"
+#include "base/WholeFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,6 +22,13 @@ QByteArray cellText(const QString& text)
     return clean.toUtf8();
 }
 
+bool fail(QString* why, const QString& reason)
+{
+    if (why)
+        *why = reason;
+    return false;
+}
+
 struct WorkbookCloser {
     lxw_workbook* workbook;
     ~WorkbookCloser()
@@ -33,11 +40,11 @@ struct WorkbookCloser {
 
 } // namespace
 
-bool XlsxWorkbookWriter::write(const QString& path, const WorkbookSheet& sheet)
+bool XlsxWorkbookWriter::write(const QString& path, const WorkbookSheet& sheet, QString* why)
 {
     QTemporaryDir scratch;
     if (!scratch.isValid())
-        return false;
+        return fail(why, scratch.errorString());
     const QByteArray scratchFile = QFile::encodeName(scratch.filePath(QStringLiteral("book.xlsx")));
     const QByteArray scratchDir = QFile::encodeName(scratch.path());
 
@@ -45,11 +52,11 @@ bool XlsxWorkbookWriter::write(const QString& path, const WorkbookSheet& sheet)
     options.tmpdir = const_cast<char*>(scratchDir.constData());
     WorkbookCloser book { workbook_new_opt(scratchFile.constData(), &options) };
     if (!book.workbook)
-        return false;
+        return fail(why, QStringLiteral("The workbook could not be started."));
     const QByteArray sheetName = cellText(sheet.name);
     lxw_worksheet* ws = workbook_add_worksheet(book.workbook, sheetName.constData());
     if (!ws)
-        return false;
+        return fail(why, QStringLiteral("The sheet could not be added."));
     lxw_format* bold = workbook_add_format(book.workbook);
     format_set_bold(bold);
 
@@ -92,10 +99,14 @@ bool XlsxWorkbookWriter::write(const QString& path, const WorkbookSheet& sheet)
 
     lxw_workbook* done = book.workbook;
     book.workbook = nullptr;
-    if (workbook_close(done) != LXW_NO_ERROR)
-        return false;
+    if (const lxw_error error = workbook_close(done); error != LXW_NO_ERROR)
+        return fail(why, QString::fromUtf8(lxw_strerror(error)));
     QFile made(scratch.filePath(QStringLiteral("book.xlsx")));
     if (!made.open(QIODevice::ReadOnly))
-        return false;
-    return WholeFile::Write(path, made.readAll());
+        return fail(why, made.errorString());
+    const QByteArray bytes = made.readAll();
+    if (made.error() != QFileDevice::NoError)
+        return fail(why, made.errorString());
+    const WholeFile::Result written = WholeFile::Write(path, bytes);
+    return written ? true : fail(why, written.reason);
 }

@@ -7,7 +7,7 @@
 // then replaces the target in one step.
 class XlsxWorkbookWriter : public WorkbookWriter {
 public:
-    bool write(const QString& path, const WorkbookSheet& sheet) override;
+    bool write(const QString& path, const WorkbookSheet& sheet, QString* why) override;
 
     // Rows past this are left out: a worksheet holds 1,048,576 rows.
     static constexpr int MaxRows = 1048576;

@@ -205,6 +205,55 @@ private slots:
                        "2026-03-14,09:05:09,2,75\r\n"));
     }
 
+    // A new run keeps the two files of each run before it under the time that run began, from
+    // the header's time or else the file's, for the last ten runs that logged anything.
+    void previousRunsAreKept_data()
+    {
+        QTest::addColumn<QString>("runs"); // one a hour: R logs a reading, E nothing, H no header
+        QTest::addColumn<QStringList>("kept"); // oldest first
+        QStringList lastTen;
+        for (int hour = 11; hour <= 20; ++hour)
+            lastTen << QStringLiteral("2026-03-14T%1-05-07").arg(hour);
+        QTest::newRow("the run before") << "R" << QStringList { "2026-03-14T09-05-07" };
+        QTest::newRow("a run without readings is not kept")
+            << "RE" << QStringList { "2026-03-14T09-05-07" };
+        QTest::newRow("no header: the file's time") << "H" << QStringList { "2026-03-14T09-35-07" };
+        QTest::newRow("the last ten") << "RRRRRRRRRRRR" << lastTen;
+    }
+    void previousRunsAreKept()
+    {
+        QFETCH(QString, runs);
+        QFETCH(QStringList, kept);
+        FilesRig rig;
+        const QString lastObtained = rig.path("LAST_OBTAINED_DATA_PTS.dat");
+        QByteArray previous; // the last run kept
+        for (int i = 0; i < runs.size(); ++i) {
+            const QDateTime start(QDate(2026, 3, 14), QTime(9 + i, 5, 7));
+            rig.clock.set(start);
+            if (runs[i] == QLatin1Char('E')) {
+                rig.startSensing();
+                rig.app().acquisition.mnuStop_Click();
+                continue;
+            }
+            rig.run("  75\x07");
+            if (runs[i] == QLatin1Char('H')) {
+                QFile file(lastObtained);
+                QVERIFY(file.open(QIODevice::WriteOnly) && file.write("75\r\n") && file.flush());
+                file.setFileTime(start.addSecs(1800), QFileDevice::FileModificationTime);
+            }
+            previous = rig.lastObtained();
+        }
+        rig.startSensing();
+        QStringList expected;
+        for (const QString& start : kept)
+            expected << "LAST_OBTAINED_DATA_PTS." + start + ".dat"
+                     << "datatemp." + start + ".dat";
+        expected.sort(Qt::CaseInsensitive);
+        QCOMPARE(QDir(rig.dir.path()).entryList({ "*.2026-*" }, QDir::Files), expected);
+        QCOMPARE(
+            readAll(rig.dir.filePath("LAST_OBTAINED_DATA_PTS." + kept.last() + ".dat")), previous);
+    }
+
     void excelOfARun()
     {
         FilesRig rig;

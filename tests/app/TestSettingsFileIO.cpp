@@ -1,5 +1,4 @@
 #include "support/AppRig.h"
-#include "support/ReadOnlyDir.h"
 #include "support/SettingsLines.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
@@ -158,23 +157,6 @@ private slots:
         QVERIFY(!source.isEmpty());
         QCOMPARE(
             readAll(source + QStringLiteral("/resources/DefaultSettings.dat")), linesOf(factory()));
-    }
-
-    void readOnlyFolderKeepsTheOldFile()
-    {
-        AppRig rig;
-        const QString path = rig.dir.filePath("Settings.dat");
-        writeBytes(path, linesOf(factory()));
-        rig.app().controller.Form_Load();
-        rig.chart.setAxisMax(Axis::Y, 500);
-        {
-            ReadOnlyDir readOnly(rig.dir.path());
-            QVERIFY(!rig.app().settings.SaveSettings());
-            rig.app().controller.mnuCreateSettingsFile_Click();
-        }
-        QCOMPARE(readAll(path), linesOf(factory()));
-        QCOMPARE(QDir(rig.dir.path()).entryList(QDir::Files | QDir::Hidden),
-            QStringList { "Settings.dat" });
     }
 
     void stepsRunInOrder_data()

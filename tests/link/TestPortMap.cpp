@@ -164,14 +164,6 @@ private slots:
         map.setDevice(2, QString());
         QCOMPARE(map.device(2), QStringLiteral("/dev/ttyS1"));
     }
-
-    void saveFailsWithoutDirectory()
-    {
-        QTemporaryDir dir;
-        QVERIFY(dir.isValid());
-        const PortMap map;
-        QVERIFY(!map.save(dir.filePath(QStringLiteral("missing/deeper"))));
-    }
 };
 
 TALAVEX_TEST(TestPortMap)

@@ -258,16 +258,6 @@ private slots:
         QVERIFY(rig.ports.hasRunOverride(1));
         QVERIFY(!QFile::exists(rig.dir.filePath(PortMap::fileName())));
     }
-
-    void failedSaveStillBindsForThisRun()
-    {
-        Rig rig;
-        rig.state.ProgramDirectory = rig.dir.filePath(QStringLiteral("missing"));
-        rig.controller.Form_Load();
-        rig.model.comDevice.setCaption(QStringLiteral("/dev/ttyUSB0"));
-        QVERIFY(!rig.controller.comDevice_Click());
-        QCOMPARE(rig.ports.device(1), QStringLiteral("/dev/ttyUSB0"));
-    }
 };
 
 TALAVEX_TEST(TestProgramParameters)

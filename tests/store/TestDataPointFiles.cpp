@@ -1,6 +1,5 @@
 #include "support/FakeClock.h"
 #include "support/FakePrompter.h"
-#include "support/ReadOnlyDir.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
@@ -74,7 +73,7 @@ private slots:
         }
         QCOMPARE(readAll(rig.path(DataPointFiles::StorageFileName)), file);
         rig.store.setText(QStringLiteral("replaced"));
-        QVERIFY(LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(LoadDataPointStorage(rig.state, rig.store), DataPointFiles::Loaded::Yes);
         QCOMPARE(rig.store.text(), loaded);
     }
 
@@ -82,7 +81,7 @@ private slots:
     {
         StoreRig rig;
         rig.store.setText(QStringLiteral("kept"));
-        QVERIFY(!LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(LoadDataPointStorage(rig.state, rig.store), DataPointFiles::Loaded::Unreadable);
         QCOMPARE(rig.store.text(), QStringLiteral("kept"));
     }
 
@@ -93,7 +92,7 @@ private slots:
         for (int i = 0; i < 40000; ++i)
             big += QByteArray::number(i % 200) + "\r\n";
         writeAll(rig.path(DataPointFiles::StorageFileName), big);
-        QVERIFY(LoadDataPointStorage(rig.state, rig.store));
+        QCOMPARE(LoadDataPointStorage(rig.state, rig.store), DataPointFiles::Loaded::Yes);
         QCOMPARE(rig.store.text().count(QStringLiteral("\r\n")), 40000);
         QVERIFY(rig.store.text().endsWith(QStringLiteral("199\r\n")));
         // The numeric tables count in 16 bits: so many lines end the read with nothing.
@@ -274,30 +273,6 @@ private slots:
         QCOMPARE(rig.prompter.shown.size(), size_t(1));
         QCOMPARE(rig.prompter.titles(), QStringList { "NO DATA TO SAVE" });
         QCOMPARE(rig.prompter.messages().front().text, QStringLiteral("YOU HAVE NO DATA TO SAVE"));
-    }
-
-    void readOnlyDirectoryKeepsEveryFile()
-    {
-        StoreRig rig;
-        const QString storage = rig.path(DataPointFiles::StorageFileName);
-        const QString text = rig.path("export.txt");
-        writeAll(storage, "before\r\n");
-        writeAll(text, "before\r\n");
-        QFile::setPermissions(storage, QFileDevice::ReadOwner | QFileDevice::ReadOther);
-        QFile::setPermissions(text, QFileDevice::ReadOwner | QFileDevice::ReadOther);
-        rig.store.setText(QStringLiteral("75"));
-        {
-            ReadOnlyDir readOnly(rig.dir.path());
-            QVERIFY(!SaveDataPointStorage(rig.state, rig.store, false));
-            QVERIFY(!SaveDataPointStorage(rig.state, rig.store, true));
-            QVERIFY(!rig.text.CreateTextFile2(text, true));
-            QVERIFY(!rig.text.CreateTextFile2(text, false));
-            QVERIFY(!rig.text.CreateTextFile2(rig.path("new.txt"), false));
-        }
-        QCOMPARE(readAll(storage), QByteArray("before\r\n"));
-        QCOMPARE(readAll(text), QByteArray("before\r\n"));
-        QCOMPARE(QDir(rig.dir.path()).entryList(QDir::Files | QDir::Hidden),
-            QStringList({ "DPStorage.dat", "export.txt" }));
     }
 
     void liveLogLines_data()

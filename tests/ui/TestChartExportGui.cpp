@@ -1,5 +1,4 @@
 #include "support/PlotWindowApp.h"
-#include "support/ReadOnlyDir.h"
 #include "support/TestRegistry.h"
 
 #include <QAction>
@@ -86,19 +85,6 @@ private slots:
         a.exportTo(QString());
         QVERIFY(a.files().isEmpty());
         QVERIFY(a.prompter.messages().empty());
-    }
-
-    void unwritableFolderIsTold()
-    {
-        ExportApp a;
-        const QString path = QDir(a.dir.path()).filePath(QStringLiteral("chart.png"));
-        {
-            ReadOnlyDir readOnly(a.dir.path());
-            a.exportTo(path);
-        }
-        QCOMPARE(a.prompter.titles(), QStringList { "UNABLE TO EXPORT CHART" });
-        QVERIFY(a.prompter.messages()[0].text.contains(path));
-        QVERIFY(a.files().isEmpty());
     }
 };
 TALAVEX_TEST(TestChartExportGui)
