@@ -7,6 +7,7 @@
 
 #include <QShowEvent>
 #include <QSignalBlocker>
+#include <functional>
 
 ControlTesterDialog::ControlTesterDialog(
     ControlTesterModel& model, ControlTesterController& controller, QWidget* parent)
@@ -22,31 +23,27 @@ ControlTesterDialog::ControlTesterDialog(
     ui_->lblReading->setFont(reading);
 
     binder_ = new ModelBinder(model_, *this);
-    using C = ControlTesterController;
-    const std::pair<const char*, void (C::*)()> buttons[] = {
-        { "cmdClearTemp", &C::cmdClearTemp_Click },
-        { "cmdScanForIrSystem", &C::cmdScanForIrSystem_Click },
-        { "cmdSenseTemperature", &C::cmdSenseTemperature_Click },
-        { "cmdDownloadIRData", &C::cmdDownloadIRData_Click },
-        { "cmdSetToIdle", &C::cmdSetToIdle_Click },
-        { "cmdResetOldState", &C::cmdResetOldState_Click },
-        { "cmdClose", &C::cmdClose_Click },
+    const std::pair<const char*, std::function<void()>> buttons[] = {
+        { "cmdClearTemp", [this] { controller_.cmdClearTemp_Click(); } },
+        { "cmdScanForIrSystem", [this] { controller_.cmdScanForIrSystem_Click(); } },
+        { "cmdSenseTemperature", [this] { controller_.cmdSenseTemperature_Click(); } },
+        { "cmdDownloadIRData", [this] { controller_.cmdDownloadIRData_Click(); } },
+        { "cmdSetToIdle", [this] { controller_.cmdSetToIdle_Click(); } },
+        { "cmdResetOldState", [this] { controller_.cmdResetOldState_Click(); } },
+        { "cmdClose", [this] { controller_.cmdClose_Click(); } },
     };
-    for (const auto& [name, handler] : buttons) {
-        const auto h = handler;
-        binder_->onClicked(QString::fromLatin1(name), [this, h] { (controller_.*h)(); });
-    }
-    const std::tuple<QCheckBox*, Control*, void (C::*)()> switches[] = {
-        { ui_->chkAlarmLimits, &model_.chkAlarmLimits, &C::chkAlarmLimits_Click },
-        { ui_->chkAutoRange, &model_.chkAutoRange, &C::chkAutoRange_Click },
-        { ui_->chkDegC, &model_.chkDegC, &C::chkDegC_Click },
+    for (const auto& [name, handler] : buttons)
+        binder_->onClicked(QString::fromLatin1(name), handler);
+    const std::tuple<QCheckBox*, Control*, std::function<void()>> switches[] = {
+        { ui_->chkAlarmLimits, &model_.chkAlarmLimits,
+            [this] { controller_.chkAlarmLimits_Click(); } },
+        { ui_->chkAutoRange, &model_.chkAutoRange, [this] { controller_.chkAutoRange_Click(); } },
+        { ui_->chkDegC, &model_.chkDegC, [this] { controller_.chkDegC_Click(); } },
     };
     for (const auto& [box, control, handler] : switches) {
-        Control* c = control;
-        const auto h = handler;
-        connect(box, &QCheckBox::clicked, this, [this, c, h](bool on) {
+        connect(box, &QCheckBox::clicked, this, [this, c = control, h = handler](bool on) {
             c->setChecked(on);
-            (controller_.*h)();
+            h();
             render();
         });
     }

@@ -41,7 +41,9 @@ ModelBinder::ModelBinder(ViewModel& model, QWidget& root)
             target = root.findChild<QWidget*>(control->name());
         if (target) {
             index_.emplace(control, bindings_.size());
-            Binding binding { control, target };
+            Binding binding;
+            binding.control = control;
+            binding.target = target;
             if (auto* label = qobject_cast<QLabel*>(target)) {
                 binding.basePalette = label->palette();
                 binding.baseAutoFill = label->autoFillBackground();

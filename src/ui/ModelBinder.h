@@ -40,7 +40,7 @@ public:
 
 private:
     struct Binding {
-        Control* control;
+        Control* control = nullptr;
         QPointer<QObject> target;
         bool throttled = false;
         // A label shows the model's colours through its palette, starting from the one it had

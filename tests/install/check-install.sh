@@ -43,4 +43,9 @@ depends=$(dpkg-deb -f "$deb" Depends)
 for lib in libqt6widgets6 libqt6serialport6 libqcustomplot2.1-qt6 qt6-qpa-plugins; do
   grep -q "$lib" <<<"$depends" || fail "the package does not depend on $lib: $depends"
 done
+# A machine without Google Benchmark still configures the program and its tests.
+source=$(cd "$(dirname "$0")/../.." && pwd)
+cmake -S "$source" -B "$work/nobench" -G Ninja -DCMAKE_DISABLE_FIND_PACKAGE_benchmark=TRUE \
+  >"$work/nobench.log" 2>&1 || fail "configuring without Google Benchmark failed: $(tail -5 "$work/nobench.log")"
+[ ! -e "$work/nobench/bench" ] || fail "the benchmarks were configured without Google Benchmark"
 echo "1 passed, 0 failed"
