@@ -218,7 +218,7 @@ private slots:
         QVERIFY(rig.prompter.titles().isEmpty());
     }
 
-    void lossKeepsWhatArrivedAndWaitsForAnOpenBox()
+    void lossKeepsWhatArrivedAndIsToldOnce()
     {
         AppRig rig;
         Application& a = rig.app();
