@@ -119,7 +119,12 @@ void Acquisition::mnuDownloadData_Click()
         mnuStop_Click();
         return;
     }
+    beginDownloadMode();
+    windows_.showStoredPointsWindow();
+}
 
+void Acquisition::beginDownloadMode()
+{
     main_.mnuDownloadData.setChecked(true);
     main_.mnuSenseTemperature.setChecked(false);
     main_.mnuSenseTemperature.setEnabled(false);
@@ -130,7 +135,6 @@ void Acquisition::mnuDownloadData_Click()
     if (chart_.ChartHasPoints())
         reinitializeChart();
     main_.mnuCharting.setEnabled(false);
-    windows_.showStoredPointsWindow();
 }
 
 void Acquisition::mnuStop_Click()

@@ -34,6 +34,8 @@ public:
 
     void mnuSenseTemperature_Click();
     void mnuDownloadData_Click();
+    // The download mode's menus, without bringing up the stored points window.
+    void beginDownloadMode();
     void mnuStop_Click();
 
     // The port closed under an open acquisition: the operator is told, and it stops.

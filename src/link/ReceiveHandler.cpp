@@ -243,7 +243,7 @@ void ReceiveHandler::finishRecord()
         else
             store_.append(CrLf + FormatStoredRecord(ReceiveLine) + CrLf);
         if (storedPoints_)
-            storedPoints_->showReceiving();
+            storedPoints_->showReceiving(ReceiveLine);
     }
 
     // 14

@@ -145,6 +145,8 @@ private slots:
         QCOMPARE(a.store.text().count(QLatin1Char('#')), 25);
         QVERIFY(a.store.text().contains(QStringLiteral("\t#001\t")));
         QCOMPARE(a.storedPointsModel.lblAcquiredPoints.caption(), QStringLiteral("RECEIVING..."));
+        QCOMPARE(a.storedPointsModel.lblReceivedCounts.caption(),
+            QStringLiteral("25 READINGS, 3 EMPTY LOCATIONS"));
         QVERIFY(rig.prompter.titles().isEmpty());
         a.storedPoints.cmdStartDownload_Click();
         QVERIFY(!rig.port.isOpen());
