@@ -2,8 +2,6 @@
 
 #include "link/SerialPort.h"
 
-#include <QMetaObject>
-
 Application::Application(Platform platform_, QObject* parent)
     : QObject(parent)
     , platform(platform_)
@@ -62,26 +60,14 @@ Application::Application(Platform platform_, QObject* parent)
 
     platform.port.setReceiveCallback([this] {
         // What arrived before a loss is still handled: no reading already on the line is lost.
-        receiver.pump(prompter.modalOpen());
+        receiver.pump();
         if (wasOpen_ && !platform.port.isOpen()) {
             // The device went away under an open port (a USB adapter pulled out).
             wasOpen_ = false;
             emit portClosed();
             portLostPending_ = true;
-            reportPortLost();
         }
-    });
-    prompter.setBeforeModal([this] { acquisition.lastObtainedFile().flush(); });
-    // Bytes held back while a box was open are taken once the last box closes, and a loss
-    // that happened meanwhile is told after them.
-    prompter.setAfterModal([this] {
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                receiver.pump(prompter.modalOpen());
-                reportPortLost();
-            },
-            Qt::QueuedConnection);
+        reportPortLost();
     });
     connect(&acquisition, &Acquisition::portStateChanged, this, [this](bool open) {
         wasOpen_ = open;
@@ -94,11 +80,13 @@ Application::Application(Platform platform_, QObject* parent)
 
 void Application::reportPortLost()
 {
-    // One box at a time: a loss while another box is open (the watchdog's, say) waits for it.
-    if (!portLostPending_ || prompter.modalOpen())
+    // A loss is told once the handler is done with what arrived before it (one of its boxes may
+    // be open); a halt already under way (the watchdog's box, say) has said enough.
+    if (!portLostPending_ || receiver.pumping())
         return;
     portLostPending_ = false;
-    acquisition.portLost();
+    if (!acquisition.halting())
+        acquisition.portLost();
 }
 
 void Application::showStoredPointsWindow()

@@ -7,7 +7,6 @@
 #include "MainController.h"
 #include "SettingsFileIO.h"
 #include "base/AppState.h"
-#include "base/GuardedPrompter.h"
 #include "base/MainWindowModel.h"
 #include "chart/ChartAppearance.h"
 #include "chart/ChartCommands.h"
@@ -80,7 +79,7 @@ public:
     Platform platform;
     AppState state;
     MainWindowModel main;
-    GuardedPrompter prompter;
+    Prompter& prompter;
     DataPointStore store;
     StoredPointsModel storedPointsModel;
     IRSystem irSystem;

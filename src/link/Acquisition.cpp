@@ -47,12 +47,13 @@ bool Acquisition::AcquireData(bool start)
             emit portStateChanged(true);
             return true;
         }
-        prompter_.message(QStringLiteral("CANNOT OPEN COMM PORT"),
+        // The start goes back to idle after it: the watchdog already running says nothing.
+        showHaltBox({ QStringLiteral("CANNOT OPEN COMM PORT"),
             QStringLiteral("COM %1 (%2) CANNOT BE OPENED.")
                     .arg(port_.portNumber())
                     .arg(port_.deviceName())
                 + QStringLiteral("\r\n") + port_.errorString(),
-            Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
+            Prompter::Buttons::Ok, Prompter::Icon::Exclamation });
         return false;
     }
     if (port_.isOpen()) {
@@ -124,7 +125,12 @@ void Acquisition::mnuDownloadData_Click()
         mnuStop_Click();
         return;
     }
+    beginDownloadMode();
+    windows_.showStoredPointsWindow();
+}
 
+void Acquisition::beginDownloadMode()
+{
     main_.mnuDownloadData.setChecked(true);
     main_.mnuSenseTemperature.setChecked(false);
     main_.mnuSenseTemperature.setEnabled(false);
@@ -135,7 +141,6 @@ void Acquisition::mnuDownloadData_Click()
     if (chart_.ChartHasPoints())
         reinitializeChart();
     main_.mnuCharting.setEnabled(false);
-    windows_.showStoredPointsWindow();
 }
 
 void Acquisition::mnuStop_Click()
@@ -182,23 +187,40 @@ void Acquisition::mnuStop_Click()
         windows_.setChartSettingsInputsEnabled(true);
 }
 
+void Acquisition::showHaltBox(const Prompter::Message& box)
+{
+    // The lines taken so far are in the file before the box can sit on the screen for long.
+    lastObtained_.flush();
+    ++haltBoxes_;
+    prompter_.message(box);
+    --haltBoxes_;
+}
+
+void Acquisition::halt(const QString& title, const QString& text, Prompter::Icon icon)
+{
+    ++haltBoxes_;
+    showHaltBox({ title, text, Prompter::Buttons::Ok, icon });
+    mnuStop_Click();
+    --haltBoxes_;
+}
+
 void Acquisition::portLost()
 {
     if (!realTimeMode() && !downloadMode())
         return;
-    prompter_.message(QStringLiteral("COMM PORT LOST"),
+    halt(QStringLiteral("COMM PORT LOST"),
         QStringLiteral("THE CONNECTION TO COM %1 (%2) WAS LOST.")
                 .arg(port_.portNumber())
                 .arg(port_.deviceName())
             + QStringLiteral("\r\n") + port_.errorString()
             + QStringLiteral("\r\nDATA LOGGING HAS BEEN HALTED."),
-        Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
-    mnuStop_Click();
+        Prompter::Icon::Exclamation);
 }
 
 void Acquisition::tmrCheckTransmission_Timer()
 {
-    if (inWatchdogTick_)
+    // A halt under way (a box of the receive path, or this one's own) is not told twice.
+    if (halting())
         return;
     const qint32 now = clock_.secondsSinceMidnight();
     const QString interval = main_.lblSystParameters(2).caption();
@@ -208,19 +230,16 @@ void Acquisition::tmrCheckTransmission_Timer()
     if (double(now) - double(state_.LastReceiveTime) <= limit + 2.0)
         return;
 
-    inWatchdogTick_ = true;
     TransmissionLost = true;
     if (state_.TempBarVisible) {
         if (TempBarDisplay* bar = windows_.tempBar())
             bar->ClearTemp();
     }
-    prompter_.message(QStringLiteral("IR SYSTEM HAS HALTED DATA TRANSMISSION"),
+    halt(QStringLiteral("IR SYSTEM HAS HALTED DATA TRANSMISSION"),
         QStringLiteral("IR SYSTEM IS NOT TRANSMITTING!\r\nDATA LOGGING HAS BEEN HALTED."),
-        Prompter::Buttons::Ok, Prompter::Icon::Exclamation);
-    mnuStop_Click();
+        Prompter::Icon::Exclamation);
     if (state_.SystemStatusVisible)
         windows_.statusSetToIdle();
-    inWatchdogTick_ = false;
 }
 
 bool Acquisition::audibleAlarmOn() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Prompter.h"
 #include "store/LastObtainedFile.h"
 #include "store/LiveLog.h"
 
@@ -12,7 +13,6 @@ class Beeper;
 class Clock;
 class GraphingFunctions;
 class MainWindowModel;
-class Prompter;
 class SerialPort;
 class StoredPointsController;
 
@@ -34,10 +34,18 @@ public:
 
     void mnuSenseTemperature_Click();
     void mnuDownloadData_Click();
+    // The download mode's menus, without bringing up the stored points window.
+    void beginDownloadMode();
     void mnuStop_Click();
 
     // The port closed under an open acquisition: the operator is told, and it stops.
     void portLost();
+    // Shows a box that halts the acquisition, then runs Stop. While it is open the watchdog shows
+    // no box of its own and the receive path takes nothing: what arrives meanwhile is dropped
+    // with the port when Stop closes it.
+    void halt(
+        const QString& title, const QString& text, Prompter::Icon icon = Prompter::Icon::None);
+    bool halting() const { return haltBoxes_ > 0; }
 
     void tmrCheckTransmission_Timer();
     void tmrBeep_Timer();
@@ -63,6 +71,7 @@ signals:
 private:
     void reinitializeChart();
     bool audibleAlarmOn() const;
+    void showHaltBox(const Prompter::Message& box);
 
     AppState& state_;
     MainWindowModel& main_;
@@ -77,6 +86,6 @@ private:
     LiveLog liveLog_;
     QTimer tmrCheckTransmission_;
     QTimer tmrBeep_;
-    bool inWatchdogTick_ = false;
+    int haltBoxes_ = 0;
     bool unloadingStoredPoints_ = false;
 };

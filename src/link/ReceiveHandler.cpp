@@ -95,9 +95,9 @@ void ReceiveHandler::clearReceiveMembers()
     PendingPrefix.clear();
 }
 
-void ReceiveHandler::pump(bool modalOpen)
+void ReceiveHandler::pump()
 {
-    if (pumping_ || modalOpen)
+    if (pumping_ || acquisition_.halting())
         return;
     pumping_ = true;
     LastObtainedFile& file = acquisition_.lastObtainedFile();
@@ -139,9 +139,8 @@ bool ReceiveHandler::haltOnModeError(const QString& title, const QString& cause)
 {
     if (port_.isOpen())
         port_.close();
-    prompter_.message(title, cause + HaltedLines);
     ReceiveLine.clear();
-    acquisition_.mnuStop_Click();
+    acquisition_.halt(title, cause + HaltedLines);
     return true;
 }
 
@@ -161,10 +160,9 @@ void ReceiveHandler::finishRecord()
     if (ReceiveLine.isEmpty() && !download)
         BlankLineArmed = true;
     if (BlankLineCount >= 5) {
-        prompter_.message(QStringLiteral("RECEIVING BLANK LINES AS DATA."),
-            QStringLiteral("IR SYSTEM IS SENDING BLANK LINES.") + HaltedLines);
         ReceiveLine.clear();
-        acquisition_.mnuStop_Click();
+        acquisition_.halt(QStringLiteral("RECEIVING BLANK LINES AS DATA."),
+            QStringLiteral("IR SYSTEM IS SENDING BLANK LINES.") + HaltedLines);
     }
 
     // 7: the mode check
@@ -229,6 +227,7 @@ void ReceiveHandler::finishRecord()
         if (interval.caption() != NoInterval) {
             if (interval.caption().isEmpty()) {
                 interval.setCaption(NoInterval);
+                acquisition_.lastObtainedFile().flush();
                 prompter_.message(QStringLiteral("TIME INTERVAL UNKNOWN."),
                     QStringLiteral("PLEASE RESTART IR SYSTEM."));
             } else {
@@ -244,7 +243,7 @@ void ReceiveHandler::finishRecord()
         else
             store_.append(CrLf + FormatStoredRecord(ReceiveLine) + CrLf);
         if (storedPoints_)
-            storedPoints_->showReceiving();
+            storedPoints_->showReceiving(ReceiveLine);
     }
 
     // 14

@@ -39,9 +39,12 @@ public:
 
     // One received character.
     void IR_Comm_OnComm(char c);
-    // Takes every character waiting at the port. Bytes that arrive while a message box is open
-    // wait for it to close; the handler is never re-entered.
-    void pump(bool modalOpen = false);
+    // Takes every character waiting at the port. The handler is never re-entered: what arrives
+    // while one of its own boxes is open waits for the box and is taken in order after it. While
+    // a box that halts the acquisition is open nothing is taken (Stop then drops it); any other
+    // box or dialog leaves the characters flowing.
+    void pump();
+    bool pumping() const { return pumping_; }
 
     void LoadParameterBlock(const QString& block);
     // Empties the record being assembled and the blank-line guard.

@@ -48,6 +48,7 @@ void StoredPointsController::Form_Load()
     if (!state_.TextStamp.isEmpty())
         store_.append(state_.TextStamp + StringUtils::CrLf);
     model_.lblAcquiredPoints.setCaption(IdleCaption);
+    model_.lblReceivedCounts.setCaption(QString());
     model_.cmdStartDownload.setCaption(StartCaption);
 }
 
@@ -55,14 +56,18 @@ void StoredPointsController::Form_Unload()
 {
     if (!state_.DownloadFromWindow)
         return;
+    // A transfer still running ends with the window, which comes back idle.
+    if (isReceiving())
+        cmdStartDownload_Click();
     blinkTimer_.stop();
     state_.DownloadFromWindow = false;
     // The downloaded points are kept when the window closes, for the downloaded points view;
     // a window closed without any keeps the points kept before.
     if (holdsDownloadedPoints(store_.text()) && text_)
         text_->KeepDownload();
-    // Closing the window ends the download mode, unless that command is what closes it.
-    if (!acquisition_.isUnloadingStoredPoints())
+    // Closing the window ends the download mode, unless that command is what closes it or the
+    // download has already ended (a halt or STOP leaves the window open).
+    if (acquisition_.downloadMode() && !acquisition_.isUnloadingStoredPoints())
         acquisition_.mnuDownloadData_Click();
 }
 
@@ -74,6 +79,16 @@ bool StoredPointsController::isReceiving() const
 void StoredPointsController::cmdStartDownload_Click()
 {
     if (!isReceiving()) {
+        // A real-time run holds the line.
+        if (acquisition_.realTimeMode())
+            return;
+        // A window left open after a halt or STOP: back into the download mode first, so that
+        // every record is stored.
+        if (!acquisition_.downloadMode())
+            acquisition_.beginDownloadMode();
+        readings_ = 0;
+        emptyLocations_ = 0;
+        showCounts();
         model_.lblAcquiredPoints.setForeColor(Colors::Red);
         model_.lblAcquiredPoints.setCaption(QStringLiteral("WAITING..."));
         model_.cmdStartDownload.setCaption(StopCaption);
@@ -103,7 +118,11 @@ void StoredPointsController::cmdStartDownload_Click()
     blinkTimer_.stop();
 }
 
-void StoredPointsController::cmdClearAcqPts_Click() { store_.clear(); }
+void StoredPointsController::cmdClearAcqPts_Click()
+{
+    store_.clear();
+    model_.lblReceivedCounts.setCaption(QString());
+}
 
 void StoredPointsController::cmdSaveToTxtFile_Click()
 {
@@ -123,9 +142,26 @@ void StoredPointsController::BlinkTimer_Timer()
     model_.lblAcquiredPoints.setForeColor(green ? Colors::Red : Colors::Green);
 }
 
-void StoredPointsController::showReceiving()
+void StoredPointsController::showReceiving(const QString& record)
 {
+    if (record.isEmpty())
+        ++emptyLocations_;
+    else if (IsStoredDataPoint(record))
+        ++readings_;
+    showCounts();
     model_.lblAcquiredPoints.setCaption(QStringLiteral("RECEIVING..."));
     if (!blinkTimer_.isActive())
         blinkTimer_.start();
+}
+
+void StoredPointsController::showCounts()
+{
+    const auto count = [](int n, const char* what) {
+        return QStringLiteral("%1 %2%3")
+            .arg(n)
+            .arg(QLatin1String(what))
+            .arg(n == 1 ? QString() : QStringLiteral("S"));
+    };
+    model_.lblReceivedCounts.setCaption(count(readings_, "READING") + QStringLiteral(", ")
+        + count(emptyLocations_, "EMPTY LOCATION"));
 }

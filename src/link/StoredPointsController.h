@@ -27,8 +27,8 @@ public:
     void cmdSaveToTxtFile_Click();
     void cmdSaveToExcel_Click();
     void BlinkTimer_Timer();
-    // A record arrived: the label says so and starts blinking.
-    void showReceiving();
+    // A record was stored: the label says so and starts blinking, and the counts grow.
+    void showReceiving(const QString& record);
 
     bool isReceiving() const;
     // The exports behind the two save buttons.
@@ -42,6 +42,8 @@ public:
     static constexpr int BlinkIntervalMs = 500;
 
 private:
+    void showCounts();
+
     AppState& state_;
     StoredPointsModel& model_;
     DataPointStore& store_;
@@ -50,4 +52,6 @@ private:
     QTimer blinkTimer_;
     TextExport* text_ = nullptr;
     SpreadsheetExport* spreadsheet_ = nullptr;
+    int readings_ = 0;
+    int emptyLocations_ = 0;
 };

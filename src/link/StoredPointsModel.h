@@ -10,6 +10,8 @@ public:
 
     Control frmAcquiredPoints { this, "frmAcquiredPoints", "STORED DATA POINTS" };
     Control lblAcquiredPoints { this, "lblAcquiredPoints", "ACQUIRED DATA POINTS..." };
+    // What the last transfer brought: "120 READINGS, 3 EMPTY LOCATIONS".
+    Control lblReceivedCounts { this, "lblReceivedCounts", "" };
     Control cmdStartDownload { this, "cmdStartDownload", "START RECEIVING" };
     Control cmdSaveToTxtFile { this, "cmdSaveToTxtFile", "SAVE TO TXT FILE" };
     Control cmdSaveToExcel { this, "cmdSaveToExcel", "SAVE TO EXCEL FILE" };

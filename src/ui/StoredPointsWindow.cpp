@@ -31,6 +31,13 @@ StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model, StoredPointsCon
     counter.setColor(QPalette::WindowText, QColor(0xe0, 0xe0, 0xe0));
     ui_->lblAcquiredPoints->setPalette(counter);
     ui_->lblAcquiredPoints->setAutoFillBackground(true);
+    // The totals sit on the same dark strip, at its right end.
+    QFont bold = ui_->lblReceivedCounts->font();
+    bold.setBold(true);
+    ui_->lblReceivedCounts->setFont(bold);
+    ui_->lblReceivedCounts->setPalette(counter);
+    ui_->lblReceivedCounts->setAutoFillBackground(true);
+    ui_->lblReceivedCounts->setContentsMargins(8, 0, 8, 0);
 
     binder_ = new ModelBinder(model, *this);
     binder_->onClicked(

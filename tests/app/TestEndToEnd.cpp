@@ -1,4 +1,5 @@
 #include "support/FakeBeeper.h"
+#include "support/FakeClock.h"
 #include "support/FakeLauncher.h"
 #include "support/FakePrompter.h"
 #include "support/FakeSystemInfo.h"
@@ -6,7 +7,6 @@
 #include "support/TestRegistry.h"
 
 #include "app/Application.h"
-#include "base/Clock.h"
 #include "base/StringUtils.h"
 #include "chart/InMemoryChartSurface.h"
 #include "link/PortMap.h"
@@ -56,7 +56,7 @@ public:
 
     QTemporaryDir dir;
     FakePrompter prompter;
-    SystemClock clock;
+    FakeClock clock;
     FakeBeeper beeper;
     FakeLauncher launcher;
     FakeSystemInfo systemInfo;
@@ -80,6 +80,19 @@ private slots:
         Application& a = *rig.app;
         a.acquisition.mnuSenseTemperature_Click();
         QVERIFY(rig.port.isOpen());
+        // A file chooser, then an information box, each open for ten seconds: the readings go on
+        // being shown, plotted and logged, and the watchdog sees them.
+        rig.prompter.onShow = [&](const Prompter::Message&) {
+            for (int second = 0; second < 10; ++second) {
+                rig.clock.advance(1);
+                const int plotted = rig.chart.pointCount(1);
+                QTRY_VERIFY_WITH_TIMEOUT(rig.chart.pointCount(1) > plotted, 5000);
+                a.acquisition.tmrCheckTransmission_Timer();
+            }
+        };
+        a.chartExport.mnuExportChart_Click();
+        a.demo.mnuSearchForIR_Click();
+        rig.prompter.onShow = nullptr;
         QTRY_VERIFY_WITH_TIMEOUT(rig.chart.pointCount(1) > 30, 20000);
         // The readout shows the last reading in the colour its limits give.
         const int last = a.main.lblCurrentTemp.caption().toInt();
@@ -91,8 +104,9 @@ private slots:
         const QStringList labels { "DEG F", "1", "0.95", "85", "25" };
         for (int i = 0; i < labels.size(); ++i)
             QCOMPARE(a.main.lblSystParameters(i + 1).caption(), labels.at(i));
-        // Only Stop's offer to save the plot (its save dialog cancelled).
-        QCOMPARE(rig.prompter.titles(), QStringList { "SAVE PLOTTED DATA TO FILE?" });
+        // No halt: the summary box, then Stop's offer to save the plot (its save dialog cancelled).
+        QCOMPARE(rig.prompter.titles(),
+            (QStringList { DemoController::summaryTitle(), "SAVE PLOTTED DATA TO FILE?" }));
 
         // Every reading of the run is in the file, in order, as the program logs it.
         QByteArray expected;
@@ -131,6 +145,8 @@ private slots:
         QCOMPARE(a.store.text().count(QLatin1Char('#')), 25);
         QVERIFY(a.store.text().contains(QStringLiteral("\t#001\t")));
         QCOMPARE(a.storedPointsModel.lblAcquiredPoints.caption(), QStringLiteral("RECEIVING..."));
+        QCOMPARE(a.storedPointsModel.lblReceivedCounts.caption(),
+            QStringLiteral("25 READINGS, 3 EMPTY LOCATIONS"));
         QVERIFY(rig.prompter.titles().isEmpty());
         a.storedPoints.cmdStartDownload_Click();
         QVERIFY(!rig.port.isOpen());
@@ -144,8 +160,19 @@ private slots:
         rig.options.fault = SimulatorOptions::Fault::Silence;
         rig.options.faultAfter = 3;
         Application& a = *rig.app;
+        bool silent = false;
+        QObject::connect(&rig.instrument, &SimulatedInstrument::finished, [&] { silent = true; });
         a.acquisition.mnuSenseTemperature_Click();
-        QTRY_VERIFY_WITH_TIMEOUT(!rig.prompter.titles().isEmpty(), 15000);
+        // The instrument falls silent while a file chooser is open: the halt is told over it.
+        rig.prompter.onShow = [&](const Prompter::Message& box) {
+            if (box.title != ChartExport::dialogTitle())
+                return;
+            QTRY_VERIFY_WITH_TIMEOUT(
+                silent && rig.chart.pointCount(1) - 1 == rig.sent.size(), 15000);
+            rig.clock.advance(4);
+            QTRY_VERIFY_WITH_TIMEOUT(!rig.prompter.titles().isEmpty(), 15000);
+        };
+        a.chartExport.mnuExportChart_Click();
         // The halt, then Stop's offer to save the readings already plotted.
         QCOMPARE(rig.prompter.titles(),
             (QStringList {

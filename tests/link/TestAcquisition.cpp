@@ -23,6 +23,23 @@ class TestAcquisition : public QObject {
             QVERIFY2(c->checked() == m.checked, m.name);
         }
     }
+    static std::vector<MenuState> idleMenus()
+    {
+        return { { "mnuSenseTemperature", true, false }, { "mnuDownloadData", true, false },
+            { "mnuSystemSetup", true, false }, { "mnuFile", true, false },
+            { "mnuSavePlotToFile", true, false }, { "mnuLoadPlotFile", true, false },
+            { "mnuShowAllPts", true, false }, { "mnuClearChart", true, false },
+            { "mnuCopyChart", true, false }, { "mnuTextStamp", true, false },
+            { "mnuNewAcquiredDataPoints", true, false }, { "mnuAbout", true, false },
+            { "mnuCharting", true, false }, { "mnuSearchForIR", true, false } };
+    }
+    static std::vector<MenuState> downloadMenus()
+    {
+        return { { "mnuDownloadData", true, true }, { "mnuSenseTemperature", false, false },
+            { "mnuFile", false, false }, { "mnuTextStamp", false, false },
+            { "mnuAbout", false, false }, { "mnuCharting", false, false },
+            { "mnuSearchForIR", true, false } };
+    }
 
 private slots:
     void menusWhileSensing()
@@ -49,11 +66,7 @@ private slots:
         AppRig rig;
         Application& a = rig.app();
         rig.startDownload();
-        checkMenus(a,
-            { { "mnuDownloadData", true, true }, { "mnuSenseTemperature", false, false },
-                { "mnuFile", false, false }, { "mnuTextStamp", false, false },
-                { "mnuAbout", false, false }, { "mnuCharting", false, false },
-                { "mnuSearchForIR", true, false } });
+        checkMenus(a, downloadMenus());
         QVERIFY(rig.host.calls.contains(QStringLiteral("showStoredPoints")));
         QCOMPARE(a.storedPointsModel.cmdStartDownload.caption(), QStringLiteral("STOP RECEIVING"));
         QCOMPARE(a.storedPointsModel.lblAcquiredPoints.caption(), QStringLiteral("WAITING..."));
@@ -77,14 +90,7 @@ private slots:
         else
             rig.startDownload();
         a.acquisition.mnuStop_Click();
-        checkMenus(a,
-            { { "mnuSenseTemperature", true, false }, { "mnuDownloadData", true, false },
-                { "mnuSystemSetup", true, false }, { "mnuFile", true, false },
-                { "mnuSavePlotToFile", true, false }, { "mnuLoadPlotFile", true, false },
-                { "mnuShowAllPts", true, false }, { "mnuClearChart", true, false },
-                { "mnuCopyChart", true, false }, { "mnuTextStamp", true, false },
-                { "mnuNewAcquiredDataPoints", true, false }, { "mnuAbout", true, false },
-                { "mnuCharting", true, false }, { "mnuSearchForIR", true, false } });
+        checkMenus(a, idleMenus());
         QVERIFY(!rig.port.isOpen());
         QVERIFY(!a.acquisition.tmrCheckTransmission().isActive());
         QVERIFY(!a.acquisition.tmrBeep().isActive());
@@ -218,7 +224,7 @@ private slots:
         QVERIFY(rig.prompter.titles().isEmpty());
     }
 
-    void lossKeepsWhatArrivedAndWaitsForAnOpenBox()
+    void lossKeepsWhatArrivedAndIsToldOnce()
     {
         AppRig rig;
         Application& a = rig.app();
@@ -270,15 +276,67 @@ private slots:
         QCOMPARE(rig.beeper.count, beeps);
     }
 
-    void downloadCommandAgainUnloadsTheWindowOnce()
+    // However a download ended, closing the stored points window leaves the program idle and the
+    // next download opens the window idle. START RECEIVING in a window left open after a halt
+    // downloads again. The totals of the transfer stay after it ends.
+    void storedPointsWindowAfterADownload_data()
     {
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<bool>("restart");
+        QTest::newRow("window closed while receiving") << "close" << false;
+        QTest::newRow("DOWNLOAD STORED DATA unchecked") << "menu" << false;
+        QTest::newRow("watchdog") << "watchdog" << false;
+        QTest::newRow("STOP") << "stop" << false;
+        QTest::newRow("mode error") << "mode" << false;
+        QTest::newRow("port loss") << "loss" << false;
+        QTest::newRow("watchdog, then START RECEIVING") << "watchdog" << true;
+    }
+    void storedPointsWindowAfterADownload()
+    {
+        QFETCH(QString, end);
+        QFETCH(bool, restart);
         AppRig rig;
         Application& a = rig.app();
+        StoredPointsModel& w = a.storedPointsModel;
         rig.startDownload();
-        a.acquisition.mnuDownloadData_Click();
-        QCOMPARE(rig.host.calls.count(QStringLiteral("unloadStoredPoints")), 1);
-        QVERIFY(!a.main.mnuDownloadData.checked());
+        rig.feed("#001   75\x07\x07\x07");
+        const QString counts = QStringLiteral("1 READING, 2 EMPTY LOCATIONS");
+        QCOMPARE(w.lblReceivedCounts.caption(), counts);
+        rig.clock.advance(18);
+        if (end == QLatin1String("watchdog"))
+            a.acquisition.tmrCheckTransmission_Timer();
+        else if (end == QLatin1String("stop"))
+            a.acquisition.mnuStop_Click();
+        else if (end == QLatin1String("mode"))
+            rig.feed("  75\x07");
+        else if (end == QLatin1String("loss"))
+            rig.port.vanish(QStringLiteral("gone"));
+        QCOMPARE(w.lblReceivedCounts.caption(), counts);
+        if (restart) {
+            a.storedPoints.cmdStartDownload_Click();
+            checkMenus(a, downloadMenus());
+            QVERIFY(rig.port.isOpen());
+            rig.feed("#002   76\x07");
+            QVERIFY(a.store.text().endsWith(QStringLiteral("\t#002\t76\r\n")));
+            QCOMPARE(w.lblReceivedCounts.caption(), QStringLiteral("1 READING, 0 EMPTY LOCATIONS"));
+        }
+        if (end == QLatin1String("menu"))
+            a.acquisition.mnuDownloadData_Click();
+        else
+            a.storedPoints.Form_Unload();
+        checkMenus(a, idleMenus());
         QVERIFY(!rig.port.isOpen());
+        QCOMPARE(w.lblAcquiredPoints.caption(), QStringLiteral("STORED DATA POINTS..."));
+
+        rig.host.calls.clear();
+        a.acquisition.mnuDownloadData_Click();
+        QCOMPARE(rig.host.calls.count(QStringLiteral("showStoredPoints")), 1);
+        checkMenus(a, downloadMenus());
+        for (Control* button : { &w.cmdSaveToTxtFile, &w.cmdSaveToExcel, &w.cmdClearAcqPts })
+            QVERIFY2(button->enabled(), qPrintable(button->name()));
+        QCOMPARE(w.cmdStartDownload.caption(), QStringLiteral("START RECEIVING"));
+        QCOMPARE(w.cmdStartDownload.backColor(), Colors::Green);
+        QCOMPARE(w.lblAcquiredPoints.foreColor(), Colors::Yellow);
     }
 };
 TALAVEX_TEST(TestAcquisition)

@@ -8,7 +8,7 @@
 #include <vector>
 
 // Records every box the program shows and answers from a script (OK or the default button
-// when the script runs dry).
+// when the script runs dry). onShow runs while a box or a file chooser is open.
 class FakePrompter : public Prompter {
 public:
     struct Shown {
@@ -76,6 +76,11 @@ private:
     QString choose(const char* kind, const FileChoice& choice)
     {
         shown.push_back({ QString::fromLatin1(kind), {}, choice, {} });
+        if (onShow) {
+            Message box;
+            box.title = choice.title;
+            onShow(box);
+        }
         if (files.empty())
             return {};
         QString f = files.front();
