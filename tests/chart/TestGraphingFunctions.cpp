@@ -257,7 +257,6 @@ private slots:
         // 1.75 minutes apart: the reading at 59.5 reaches the edge and the window re-anchors on
         // it rather than paging to 60.
         QTest::newRow("minutes re-anchor") << "105" << 1 << false << true << 35 << 59.5 << 119.5;
-        QTest::newRow("minutes compress") << "105" << 1 << true << false << 35 << 0.0 << 120.0;
     }
     void plottingModes()
     {
