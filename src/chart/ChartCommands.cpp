@@ -176,6 +176,7 @@ void ChartCommands::RestorePlot(const PlotData& plot)
     chart.setAxisTitle(Axis::X, plot.xTitle);
     chart.setAxisTitle(Axis::Y, plot.yTitle);
     state_.TimeUnitIndex = plot.timeUnit;
+    state_.SettingsValues[GraphingFunctions::TimeUnitEntry] = QString::number(plot.timeUnit);
     main_.lblSystParameters(1).setCaption(plot.unitsCaption);
     main_.lblSystParameters(2).setCaption(plot.intervalCaption);
     engine_.UpdateLimitLines();

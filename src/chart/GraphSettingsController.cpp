@@ -90,8 +90,8 @@ void GraphSettingsController::SetDisplayLimitsChecked(bool checked)
 
 void GraphSettingsController::SetInputsEnabled(bool enabled)
 {
-    for (Control* c :
-        { &model_.txtMinX, &model_.txtMaxX, &model_.txtMinY, &model_.txtMaxY, &model_.cmdAccept })
+    for (Control* c : { &model_.comTimeUnits, &model_.txtMinX, &model_.txtMaxX, &model_.txtMinY,
+             &model_.txtMaxY, &model_.cmdAccept })
         c->setEnabled(enabled);
 }
 
@@ -225,7 +225,11 @@ void GraphSettingsController::comTimeUnits_Click(int index)
     const QStringList units = GraphSettingsModel::timeUnits();
     if (index < 0 || index >= units.size())
         return;
+    // The unit of the readings still to come: those on the chart keep their numbers. Entry 16
+    // also makes a live strip chart re-anchor on the newest reading instead of paging.
     model_.setTimeUnitIndex(index);
+    state_.TimeUnitIndex = qint16(index);
+    state_.SettingsValues[GraphingFunctions::TimeUnitEntry] = QString::number(index);
     engine_.chart().setAxisTitle(Axis::X, units[index]);
 }
 

@@ -44,7 +44,8 @@ public:
     void SetAutoRangeChecked(bool checked) override;
     void SetDisplayLimitsChecked(bool checked) override;
 
-    // The acquisition's switch of the four range boxes and Accept.
+    // The acquisition's switch of the time-unit list, the four range boxes and Accept: one unit
+    // applies to a whole run.
     void SetInputsEnabled(bool enabled);
 
     // Enter in a box validates and applies that box alone.

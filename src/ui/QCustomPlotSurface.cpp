@@ -9,15 +9,18 @@
 #include <qcustomplot.h>
 
 namespace {
+// The limit lines keep their colours whatever the scheme, so they are dark enough to stand out
+// from the white plots and from the oscilloscope's green alike (a contrast of 3 or more), and
+// twice as wide as the grid.
 QPen seriesPen(int series)
 {
     switch (series) {
     case 1:
         return QPen(QColor(0, 0, 160), 1);
     case 2:
-        return QPen(QColor(200, 0, 0), 1, Qt::DashLine);
+        return QPen(QColor(110, 0, 0), 2, Qt::DashLine);
     case 3:
-        return QPen(QColor(0, 130, 0), 1, Qt::DashLine);
+        return QPen(QColor(0, 0, 160), 2, Qt::DashLine);
     default:
         return QPen(Qt::darkGray, 1);
     }

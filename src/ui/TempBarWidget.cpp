@@ -116,18 +116,25 @@ void TempBarWidget::paintEvent(QPaintEvent*)
     shade.setColorAt(0.0, fill.darker(160));
     shade.setColorAt(0.35, fill.lighter(125));
     shade.setColorAt(1.0, fill.darker(170));
-    p.setPen(Qt::NoPen);
-    p.setBrush(shade);
     const double bulbRadius = 205;
     const QPointF bulb(
         TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0, TempBar::BarBottom + 80);
-    p.drawEllipse(bulb, bulbRadius, bulbRadius);
-    // The column joins the bulb, so the empty bar still shows a filled reservoir.
-    p.drawRect(
-        QRectF(TempBar::IndicatorLeft, TempBar::BarBottom - 10, TempBar::IndicatorWidth, 100));
-    if (bar.indicatorHeight() > 0)
+    if (bar.indicatorHeight() > 0) {
+        // The bulb fills with the column and joins it.
+        p.setPen(Qt::NoPen);
+        p.setBrush(shade);
+        p.drawEllipse(bulb, bulbRadius, bulbRadius);
+        p.drawRect(
+            QRectF(TempBar::IndicatorLeft, TempBar::BarBottom - 10, TempBar::IndicatorWidth, 100));
         p.drawRect(QRectF(TempBar::IndicatorLeft, bar.indicatorTop(), TempBar::IndicatorWidth,
             bar.indicatorHeight()));
+    } else {
+        // No reading above the bottom of the scale (none yet, stopped, below the range): an
+        // empty bulb, outlined like the tube, so the fill colour does not pass for a reading.
+        p.setPen(QPen(TubeEdge, 18));
+        p.setBrush(Qt::NoBrush);
+        p.drawEllipse(bulb, bulbRadius, bulbRadius);
+    }
 
     // Line1..Line7 and the scale labels
     p.setPen(QPen(Scale, 20));

@@ -180,8 +180,7 @@ private slots:
     {
         AppRig rig;
         Application& a = rig.app();
-        a.state.TimeUnitIndex = 1;
-        rig.chart.setAxisTitle(Axis::X, QStringLiteral("MINUTES"));
+        a.graphSettings.comTimeUnits_Click(1);
         rig.chart.setAxisTitle(Axis::Y, QStringLiteral("DEGREES F"));
         plotReadings(a, { 100, -20, 32767, -32768, 0, 71 }, "7");
         rig.chart.setAxisMin(Axis::Y, -12.5);
@@ -201,7 +200,7 @@ private slots:
 
         a.controller.mnuClearChart_Click();
         a.state.PlotSaved = false;
-        a.state.TimeUnitIndex = 0;
+        a.graphSettings.comTimeUnits_Click(0);
         a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
         rig.prompter.files.push_back(file.fileName());
         a.chartCommands.mnuLoadPlotFile_Click();
@@ -209,6 +208,7 @@ private slots:
         QVERIFY(a.chartCommands.TakePlot() == saved);
         QCOMPARE(rig.chart.pointCount(1), 7);
         QCOMPARE(a.state.TimeUnitIndex, qint16(1));
+        QCOMPARE(a.state.SettingsValues[16], QStringLiteral("1"));
         QVERIFY(a.state.PlotSaved);
         const auto& open = rig.prompter.shown.back();
         QCOMPARE(open.kind, QStringLiteral("open"));

@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/SettingsLines.h"
 #include "support/TestRegistry.h"
 
 #include "chart/ChartCursor.h"
@@ -235,28 +236,45 @@ private slots:
         QCOMPARE(*r.pin.current, QPointF(7.5, 175));
     }
 
-    void measureFollowsTheTimeUnit_data()
+    // The unit chosen on the panel, from the plotted readings to the read-out and the settings
+    // file: readings 120 s apart that rise 50 degrees rise 25 a minute in every unit.
+    void measureIsRightInEveryUnit_data()
     {
-        QTest::addColumn<QString>("unit");
-        QTest::addColumn<QString>("rate");
-        // 50 degrees over 5 units of the X axis.
-        QTest::newRow("seconds") << "SECONDS"
-                                 << "600.00";
-        QTest::newRow("minutes") << "MINUTES"
-                                 << "10.00";
-        QTest::newRow("hours") << "HOURS"
-                               << "0.17";
+        QTest::addColumn<int>("unit");
+        QTest::addColumn<QString>("deltaTime");
+        QTest::newRow("SECONDS") << 0 << "60.00";
+        QTest::newRow("MINUTES") << 1 << "1.00";
+        QTest::newRow("HOURS") << 2 << "0.02";
+        QTest::newRow("DAYS") << 3 << "0.00";
     }
-    void measureFollowsTheTimeUnit()
+    void measureIsRightInEveryUnit()
     {
-        QFETCH(QString, unit);
-        QFETCH(QString, rate);
-        CursorRig r;
-        r.chart.setAxisTitle(Axis::X, unit);
-        r.cursor.cmdMarkers_Click();
-        r.cursor.TempChart_Click(QPointF(25, 300));
-        r.cursor.TempChart_MouseMove(QPointF(75, 300));
-        QCOMPARE(r.data.lblRate.caption(), rate);
+        QFETCH(int, unit);
+        QFETCH(QString, deltaTime);
+        AppRig rig;
+        Application& a = rig.app();
+        a.graphSettings.Form_Load();
+        a.graphSettings.comTimeUnits_Click(unit);
+        rig.startSensing();
+        QVERIFY(!a.graphSettingsModel.comTimeUnits.enabled());
+        rig.feed(AppRig::parameterBlock("  DEG F", "120", "72") + "  100\x07  150\x07");
+        a.acquisition.mnuStop_Click();
+        QVERIFY(a.graphSettingsModel.comTimeUnits.enabled());
+        // All of the run in view, pinned a quarter of the way from 100 to 150 (the parameter
+        // block ends in a reading of its own), the cursor at three quarters.
+        a.chartCommands.mnuShowAllPts_Click();
+        auto at = [&](double share) {
+            const double x = rig.chart.x(1, 2) + share * (rig.chart.x(1, 3) - rig.chart.x(1, 2));
+            return QPointF(x / rig.chart.axisMax(Axis::X) * InMemoryChartSurface::PlotWidth, 10);
+        };
+        a.cursor.cmdMarkers_Click();
+        a.cursor.TempChart_Click(at(0.25));
+        a.cursor.TempChart_MouseMove(at(0.75));
+        QCOMPARE(a.markerDataModel.lblDeltaTime.caption(), deltaTime);
+        QCOMPARE(a.markerDataModel.lblRate.caption(), QStringLiteral("25.00"));
+        a.controller.Shutdown();
+        QCOMPARE(
+            settingslines::read(rig.dir.filePath("Settings.dat")).value(16), QString::number(unit));
     }
 
     void mouseBesideTheDataWhilePinned_data()

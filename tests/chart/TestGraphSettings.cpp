@@ -278,17 +278,20 @@ private slots:
         QCOMPARE(rig.chart.x(3, 2), hi + hi * 0.2);
     }
 
-    void timeUnitsChangeTheTitleOnly()
+    // The unit of the readings still to come; the numbers on the chart stay as they are.
+    void timeUnitConvertsNothingPlotted()
     {
         Rig rig;
         rig.plot(10, 1);
         const QList<double> before = rig.axes();
         rig.panel.comTimeUnits_Click(2);
         QCOMPARE(rig.chart.axisTitle(Axis::X), QStringLiteral("HOURS"));
+        QCOMPARE(rig.state.SettingsValues[16], QStringLiteral("2"));
         QCOMPARE(rig.axes(), before);
         QCOMPARE(rig.chart.x(1, 10), 9.0);
         rig.panel.comTimeUnits_Click(7);
         QCOMPARE(rig.chart.axisTitle(Axis::X), QStringLiteral("HOURS"));
+        QCOMPARE(rig.state.TimeUnitIndex, qint16(2));
     }
 
     void stepRule_data()

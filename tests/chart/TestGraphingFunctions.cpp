@@ -240,28 +240,37 @@ private slots:
     void plottingModes_data()
     {
         QTest::addColumn<QString>("interval");
+        QTest::addColumn<int>("unit");
         QTest::addColumn<bool>("compressed");
         QTest::addColumn<bool>("stripChart");
         QTest::addColumn<int>("untilEdge"); // readings up to the one plotted at the right edge
         QTest::addColumn<double>("newMin");
         QTest::addColumn<double>("newMax");
-        QTest::newRow("compressed doubles") << "1" << true << false << 61 << 0.0 << 120.0;
-        QTest::newRow("strip chart pages") << "1" << false << true << 61 << 60.0 << 120.0;
-        QTest::newRow("both off") << "1" << false << false << 61 << 0.0 << 60.0;
-        QTest::newRow("both: compress, then page") << "1" << true << true << 61 << 120.0 << 240.0;
+        QTest::newRow("compressed doubles") << "1" << 0 << true << false << 61 << 0.0 << 120.0;
+        QTest::newRow("strip chart pages") << "1" << 0 << false << true << 61 << 60.0 << 120.0;
+        QTest::newRow("both off") << "1" << 0 << false << false << 61 << 0.0 << 60.0;
+        QTest::newRow("both: compress, then page")
+            << "1" << 0 << true << true << 61 << 120.0 << 240.0;
         // 59.5 rounds half to even up to 60, the edge.
-        QTest::newRow("half steps") << "0.5" << true << false << 120 << 0.0 << 120.0;
-        QTest::newRow("2 s steps") << "2" << false << true << 31 << 60.0 << 120.0;
+        QTest::newRow("half steps") << "0.5" << 0 << true << false << 120 << 0.0 << 120.0;
+        QTest::newRow("2 s steps") << "2" << 0 << false << true << 31 << 60.0 << 120.0;
+        // 1.75 minutes apart: the reading at 59.5 reaches the edge and the window re-anchors on
+        // it rather than paging to 60.
+        QTest::newRow("minutes re-anchor") << "105" << 1 << false << true << 35 << 59.5 << 119.5;
     }
     void plottingModes()
     {
         QFETCH(QString, interval);
+        QFETCH(int, unit);
         QFETCH(bool, compressed);
         QFETCH(bool, stripChart);
         QFETCH(int, untilEdge);
         QFETCH(double, newMin);
         QFETCH(double, newMax);
         Rig<> rig(interval);
+        rig.window.mnuSenseTemperature.setChecked(true);
+        rig.state.TimeUnitIndex = qint16(unit);
+        rig.state.SettingsValues[16] = QString::number(unit);
         rig.window.mnuAutoCompressed.setChecked(compressed);
         rig.window.mnuRealTimeGraphOn.setChecked(stripChart);
         rig.chart.setAxisMin(Axis::X, 0);

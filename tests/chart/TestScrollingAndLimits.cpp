@@ -62,8 +62,6 @@ private slots:
         QTest::addColumn<double>("newMin");
         QTest::addColumn<double>("newMax");
         QTest::newRow("idle pages") << false << "1" << 60.0 << 120.0;
-        QTest::newRow("seconds page") << true << "0" << 60.0 << 120.0;
-        QTest::newRow("minutes re-anchor on the newest") << true << "1" << 75.0 << 135.0;
         QTest::newRow("days re-anchor") << true << "3" << 75.0 << 135.0;
     }
     void forwardWhileSensing()

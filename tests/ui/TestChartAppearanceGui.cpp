@@ -5,12 +5,28 @@
 #include "ui/QCustomPlotSurface.h"
 
 #include <QTest>
+#include <algorithm>
+#include <cmath>
 #include <qcustomplot.h>
 
 namespace {
 using Scheme = ChartAppearance::Scheme;
 
 QRgb screen(quint32 bgr) { return QRgb(Colors::fromBgr(bgr)) | 0xFF000000u; }
+
+// The contrast ratio of two colours by their relative luminance: 1 (none) to 21.
+double contrast(const QColor& a, const QColor& b)
+{
+    auto luminance = [](const QColor& c) {
+        auto linear = [](double v) {
+            return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(c.redF()) + 0.7152 * linear(c.greenF()) + 0.0722 * linear(c.blueF());
+    };
+    const double la = luminance(a);
+    const double lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
 } // namespace
 
 class TestChartAppearanceGui : public QObject {
@@ -51,10 +67,13 @@ private slots:
         QCOMPARE(plot.xAxis->grid()->pen().color().rgb(), screen(v[4]));
         QCOMPARE(plot.yAxis->grid()->pen().color().rgb(), screen(v[5]));
         QCOMPARE(surface.graph(1)->pen().color().rgb(), screen(v[6]));
-        // The limit lines and the cursor keep their own colours.
+        // The limit lines and the cursor keep their own colours, and each limit line stands out
+        // from the plot's background under every scheme.
         QCOMPARE(surface.graph(2)->pen().color(), high);
         QCOMPARE(surface.graph(3)->pen().color(), low);
         QCOMPARE(surface.marker()->pen().color(), marker);
+        for (const QColor& line : { high, low })
+            QVERIFY(contrast(line, plot.axisRect()->backgroundBrush().color()) >= 3);
     }
 };
 TALAVEX_TEST(TestChartAppearanceGui)

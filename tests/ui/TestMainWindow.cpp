@@ -5,12 +5,45 @@
 #include "ui/SystemStatusWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
+#include <algorithm>
+
+namespace {
+// Chooses a menu command with the keyboard alone, as an operator does: Alt and the access key of
+// its menu on the bar, Down to it (Right into a submenu on the way), Enter. The keys go to the
+// main window's native window, which hands them to the open menu as it does on a desktop.
+void chooseByKeyboard(QMainWindow& window, QAction* command)
+{
+    QList<QMenu*> path; // from the menu bar down to the command's menu
+    for (QAction* a = command; !path.size() || path.front()->parent() != window.menuBar();) {
+        const QObjectList owners = a->associatedObjects();
+        auto menu = std::find_if(owners.begin(), owners.end(), [](QObject* o) {
+            return qobject_cast<QMenu*>(o) && !static_cast<QMenu*>(o)->title().isEmpty();
+        });
+        QVERIFY(menu != owners.end());
+        path.prepend(static_cast<QMenu*>(*menu));
+        a = path.front()->menuAction();
+    }
+    QWindow* w = window.windowHandle();
+    const QString title = path.front()->title();
+    QTest::keyClick(w, Qt::Key(title.at(title.indexOf('&') + 1).unicode()), Qt::AltModifier);
+    for (int i = 0; i < path.size(); ++i) {
+        QAction* next = i + 1 < path.size() ? path[i + 1]->menuAction() : command;
+        for (int n = 0; path[i]->activeAction() != next && n < 20; ++n)
+            QTest::keyClick(w, Qt::Key_Down);
+        QCOMPARE(path[i]->activeAction(), next);
+        QTest::keyClick(w, i + 1 < path.size() ? Qt::Key_Right : Qt::Key_Return);
+    }
+    QCoreApplication::processEvents();
+}
+} // namespace
 
 class TestMainWindow : public QObject {
     Q_OBJECT
@@ -87,6 +120,48 @@ private slots:
         QVERIFY(f.window.findChild<QPushButton*>("cmdResetChart")->isHidden());
         QCOMPARE(f.window.findChild<QLabel*>("lblParametersTitle")->text(),
             QStringLiteral("DOWNLOADED         IR - SYSTEM PARAMETERS..."));
+    }
+
+    void checkableCommandsByKeyboard_data()
+    {
+        QTest::addColumn<QString>("name");
+        WindowRig f;
+        for (QAction* a : f.window.findChildren<QAction*>())
+            if (a->isCheckable())
+                QTest::newRow(qPrintable(a->objectName())) << a->objectName();
+    }
+    // A command chosen by keyboard leaves the check mark a click leaves, and the menu shows it.
+    void checkableCommandsByKeyboard()
+    {
+        QFETCH(QString, name);
+        const QByteArray command = name.toLatin1();
+        bool checked;
+        {
+            WindowRig f;
+            QCoreApplication::processEvents();
+            chooseByKeyboard(f.window, f.action(command));
+            checked = f.action(command)->isChecked();
+            QCOMPARE(checked, f.app().main.control(name)->checked());
+        }
+        WindowRig f;
+        f.trigger(command);
+        QCOMPARE(checked, f.action(command)->isChecked());
+    }
+
+    // AUTO SCALE Y AXIS and APPEARANCE SELECT share the access key A: the first press selects
+    // the one, the second opens the other.
+    void sharedAccessKeyReachesBoth()
+    {
+        WindowRig f;
+        QWindow* w = f.window.windowHandle();
+        QTest::keyClick(w, Qt::Key_C, Qt::AltModifier);
+        QTest::keyClick(w, Qt::Key_A);
+        QCOMPARE(f.window.findChild<QMenu*>("mnuCharting")->activeAction(),
+            f.action("mnuAutoScaleYAxis"));
+        QTest::keyClick(w, Qt::Key_A);
+        QCOMPARE(
+            QApplication::activePopupWidget(), f.window.findChild<QMenu*>("mnuChartAppSelect"));
+        QVERIFY(f.action("mnuAutoScaleYAxis")->isChecked());
     }
 
     void sensingFromTheMenu()

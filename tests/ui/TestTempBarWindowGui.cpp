@@ -38,10 +38,17 @@ private slots:
         QCOMPARE(widget->objectName(), QStringLiteral("TempBar1"));
         QVERIFY(f.action("mnuViewTempBar")->isChecked());
 
+        const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
+        // The bulb is filled only while the bar has height.
+        auto bulbIs = [&](Qt::GlobalColor colour) {
+            QCoreApplication::processEvents();
+            return barpaint::near(
+                barpaint::paintedAt(*widget, column, TempBar::BarBottom + 80), QColor(colour));
+        };
+        QVERIFY(bulbIs(Qt::black));
         f.trigger("mnuSenseTemperature");
         f.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
-        QCoreApplication::processEvents();
-        const double column = TempBar::IndicatorLeft + TempBar::IndicatorWidth / 2.0;
+        QVERIFY(bulbIs(Qt::green));
         // 50 of 0..100: green up to the middle, the dark tube above it
         QVERIFY(barpaint::near(barpaint::paintedAt(*widget, column, 3000), QColor(Qt::green)));
         QVERIFY(barpaint::near(barpaint::paintedAt(*widget, column, 1500), QColor(Qt::black)));
@@ -49,6 +56,8 @@ private slots:
         f.rig.feed("  95\x07");
         QCoreApplication::processEvents();
         QVERIFY(barpaint::near(barpaint::paintedAt(*widget, column, 1500), QColor(Qt::red)));
+        f.rig.feed("  -5\x07");
+        QVERIFY(bulbIs(Qt::black));
 
         // Closing by the title bar unticks the menu and stops the feed.
         bar->close();
