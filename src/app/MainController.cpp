@@ -115,7 +115,6 @@ void MainController::mnuClearChart_Click()
     ChartBatch batch(chart_.chart());
     chart_.InitializeChart();
     chart_.ResetChartSeries();
-    chart_.UpdateLimitLines();
 }
 
 void MainController::mnuCreateSettingsFile_Click() { SaveSettings(); }

@@ -8,5 +8,6 @@ MainWindowModel::MainWindowModel(QObject* parent)
             = std::make_unique<Control>(this, QStringLiteral("lblSystParameters_%1").arg(i));
     cmdResetChart.setVisible(false);
     lblStatCurrentTemp.setVisible(false);
+    lblViewHeld.setVisible(false);
     mnuStop.setEnabled(true);
 }

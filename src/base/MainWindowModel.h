@@ -80,6 +80,9 @@ public:
         "DOWNLOADED         IR - SYSTEM PARAMETERS..." };
     Control lblStatCurrentTemp { this, "lblStatCurrentTemp", "CURRENT TEMP:" };
     Control lblCurrentTemp { this, "lblCurrentTemp" };
+    // In the status bar while the operator's view is held during a real-time run.
+    Control lblViewHeld { this, "lblViewHeld",
+        "VIEW HELD - RESET CHART RETURNS TO THE LIVE CHART" };
 
     // The instrument parameter labels, elements 1 to 9 (element 0 is unused).
     Control& lblSystParameters(int index) { return *systParameters_.at(index); }

@@ -31,7 +31,7 @@ void ChartCommands::mnuShowAllPts_Click()
         return;
     }
     busy(true);
-    rememberViewOnce(currentLimits());
+    engine_.HoldView();
     engine_.ShowAllPoints();
     main_.cmdResetChart.setVisible(true);
     busy(false);
@@ -58,46 +58,21 @@ void ChartCommands::cmdResetChart_Click()
         ChartBatch batch(engine_.chart());
         engine_.InitializeChart();
         engine_.ResetChartSeries();
-        engine_.UpdateLimitLines();
         return;
     }
     busy(true);
-    {
-        ChartBatch batch(engine_.chart());
-        ResetPlotView();
-        refreshPanel();
-    }
+    ResetPlotView();
     main_.cmdResetChart.setVisible(false);
     busy(false);
 }
 
-void ChartCommands::ResetPlotView()
-{
-    if (!haveSavedView_)
-        return;
-    ChartSurface& chart = engine_.chart();
-    ChartBatch batch(chart);
-    chart.setAxisMin(Axis::X, savedView_[0]);
-    chart.setAxisMax(Axis::X, savedView_[1]);
-    chart.setAxisMin(Axis::Y, savedView_[2]);
-    chart.setAxisMax(Axis::Y, savedView_[3]);
-    engine_.CommonAxisUpdate();
-}
+void ChartCommands::ResetPlotView() { engine_.ReleaseView(); }
 
 ChartCommands::Limits ChartCommands::currentLimits() const
 {
     const ChartSurface& chart = engine_.chart();
     return { chart.axisMin(Axis::X), chart.axisMax(Axis::X), chart.axisMin(Axis::Y),
         chart.axisMax(Axis::Y) };
-}
-
-// The first change of view since RESET CHART was hidden is the one it will undo.
-void ChartCommands::rememberViewOnce(const Limits& view)
-{
-    if (main_.cmdResetChart.visible() && haveSavedView_)
-        return;
-    savedView_ = view;
-    haveSavedView_ = true;
 }
 
 void ChartCommands::SaveAxisLimits() { snapshot_ = currentLimits(); }
@@ -112,21 +87,24 @@ bool ChartCommands::AxisLimitsChanged() const
     return false;
 }
 
-void ChartCommands::TempChart_InteractionStart() { SaveAxisLimits(); }
+void ChartCommands::TempChart_InteractionStart()
+{
+    heldBefore_ = engine_.ViewHeld();
+    engine_.HoldView();
+    SaveAxisLimits();
+}
+
+void ChartCommands::TempChart_InteractionMove() { engine_.UpdateLimitLines(); }
 
 void ChartCommands::TempChart_InteractionEnd()
 {
-    if (!AxisLimitsChanged())
+    if (!AxisLimitsChanged()) {
+        if (!heldBefore_)
+            engine_.ReleaseView();
         return;
-    rememberViewOnce(snapshot_);
+    }
     main_.cmdResetChart.setVisible(true);
-    refreshPanel();
-}
-
-void ChartCommands::refreshPanel()
-{
-    if (state_.GraphSettingsOpen && engine_.panel())
-        engine_.panel()->UpdatePanelWithCurrentChartSettings();
+    engine_.CommonAxisUpdate();
 }
 
 PlotData ChartCommands::TakePlot() const
@@ -179,7 +157,6 @@ void ChartCommands::RestorePlot(const PlotData& plot)
     state_.SettingsValues[GraphingFunctions::TimeUnitEntry] = QString::number(plot.timeUnit);
     main_.lblSystParameters(1).setCaption(plot.unitsCaption);
     main_.lblSystParameters(2).setCaption(plot.intervalCaption);
-    engine_.UpdateLimitLines();
     engine_.CommonAxisUpdate();
 }
 

@@ -15,8 +15,10 @@ class Prompter;
 // CHART, the mouse zoom and drag of the chart, and the plot files (save, load, and the offer to
 // save when an acquisition stops).
 //
-// RESET CHART brings back the view that stood before the first zoom, drag or SHOW ALL POINTS
-// since the button was last hidden; later zooms keep that view.
+// A zoom, a drag or SHOW ALL POINTS holds the view on show (GraphingFunctions::HoldView): during
+// a real-time run the readings go on in the live range while the view stays. RESET CHART shows
+// the live range again, which is the view that stood before the first of them when no readings
+// arrived meanwhile.
 class ChartCommands {
 public:
     ChartCommands(
@@ -36,10 +38,13 @@ public:
     // The axis snapshot taken when a mouse interaction with the chart starts.
     void SaveAxisLimits();
     bool AxisLimitsChanged() const;
+    // A gesture holds the view from its start; one that changed nothing lets a view it took go.
     void TempChart_InteractionStart();
+    // The plot moved its axes during the gesture: the limit lines follow at once.
+    void TempChart_InteractionMove();
     void TempChart_InteractionEnd();
 
-    // The plot-reset routine: the saved view back on the axes.
+    // The plot-reset routine: the live view back on the axes.
     void ResetPlotView();
     // The chart as a plot, and a plot put on the chart.
     PlotData TakePlot() const;
@@ -53,9 +58,7 @@ public:
 private:
     using Limits = std::array<double, 4>; // X min, X max, Y min, Y max
     Limits currentLimits() const;
-    void rememberViewOnce(const Limits& view);
     void saveWithDialog();
-    void refreshPanel();
     void busy(bool on)
     {
         if (busy_)
@@ -68,6 +71,5 @@ private:
     Prompter& prompter_;
     std::function<void(bool)> busy_;
     Limits snapshot_ {};
-    Limits savedView_ {};
-    bool haveSavedView_ = false;
+    bool heldBefore_ = false;
 };

@@ -28,25 +28,37 @@ void GraphingFunctions::CompressXRange()
     ChartBatch batch(chart_);
     const double max = chart_.axisMax(Axis::X);
     chart_.setAxisMax(Axis::X, max + max);
+    UpdateLimitLines();
+}
+
+void GraphingFunctions::ScrollXForward()
+{
+    double min = chart_.axisMin(Axis::X);
+    double max = chart_.axisMax(Axis::X);
+    pageForward(min, max);
+    ChartBatch batch(chart_);
+    chart_.setAxisMin(Axis::X, min);
+    chart_.setAxisMax(Axis::X, max);
+    UpdateLimitLines();
 }
 
 // Pages on by one width; while sensing with a time unit other than seconds the window is
 // re-anchored on the newest reading instead, which keeps a slow record in view when a page
 // would jump far past it. With no reading yet there is nothing to anchor on, and it pages.
-void GraphingFunctions::ScrollXForward()
+void GraphingFunctions::pageForward(double& min, double& max) const
 {
-    const Window w = readWindow(chart_, Axis::X);
+    const float fmax = float(max);
+    const float width = fmax - float(min);
     const bool sensing = mainWindow_.mnuSenseTemperature.checked();
-    ChartBatch batch(chart_);
     const int n = chart_.pointCount(ReadingSeries);
     if (sensing && n > 1 && Numbers::Val(state_.SettingsValues[TimeUnitEntry]) != 0.0) {
         const float newest = float(chart_.x(ReadingSeries, n - 1));
-        chart_.setAxisMin(Axis::X, newest);
-        chart_.setAxisMax(Axis::X, w.width + newest);
+        min = newest;
+        max = width + newest;
         return;
     }
-    chart_.setAxisMin(Axis::X, w.max);
-    chart_.setAxisMax(Axis::X, w.max + w.width);
+    min = fmax;
+    max = fmax + width;
 }
 
 // Time never goes below zero: a step that would leaves the maximum and starts the window at 0.
@@ -57,10 +69,11 @@ void GraphingFunctions::ScrollXBack()
     ChartBatch batch(chart_);
     if (t < 0) {
         chart_.setAxisMin(Axis::X, 0.0);
-        return;
+    } else {
+        chart_.setAxisMax(Axis::X, w.min);
+        chart_.setAxisMin(Axis::X, t);
     }
-    chart_.setAxisMax(Axis::X, w.min);
-    chart_.setAxisMin(Axis::X, t);
+    UpdateLimitLines();
 }
 
 void GraphingFunctions::ScrollYUp()

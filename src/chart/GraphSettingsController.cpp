@@ -102,7 +102,7 @@ bool GraphSettingsController::fail(const QString& text, Control& focus)
     return false;
 }
 
-bool GraphSettingsController::applyX(double xMin, double xMax, bool minChanged)
+void GraphSettingsController::applyX(double xMin, double xMax, bool minChanged)
 {
     try {
         if (engine_.IsXRangeOverWindow(xMin, xMax)) {
@@ -112,16 +112,15 @@ bool GraphSettingsController::applyX(double xMin, double xMax, bool minChanged)
                 engine_.CalcXMinForWindow(xMin, xMax);
         }
     } catch (const std::overflow_error&) {
-        return false;
+        // A spacing too wide for the window arithmetic: the range is taken as it stands.
+        engine_.ReportWindowOverflow();
     }
     {
         ChartBatch batch(engine_.chart());
         engine_.chart().setAxisMin(Axis::X, xMin);
         engine_.chart().setAxisMax(Axis::X, xMax);
     }
-    engine_.UpdateLimitLines();
     engine_.CommonAxisUpdate();
-    return true;
 }
 
 void GraphSettingsController::applyY(double yMin, double yMax)
@@ -292,6 +291,7 @@ void GraphSettingsController::cmdAccept_Click()
             engine_.CalcXMinForWindow(xMin, xMax);
     } catch (const std::overflow_error&) {
         // A spacing too wide for the window arithmetic: the range is taken as typed.
+        engine_.ReportWindowOverflow();
     }
     const double yMin = Numbers::Val(minY);
     const double yMax = Numbers::Val(maxY);
@@ -307,7 +307,6 @@ void GraphSettingsController::cmdAccept_Click()
     }
     state_.SettingsValues[YMaxEntry] = Numbers::Format(yMax, QStringLiteral("#.#"));
     state_.SettingsValues[XMaxEntry] = Numbers::Format(xMax, QStringLiteral("#.#"));
-    engine_.UpdateLimitLines();
     engine_.CommonAxisUpdate();
 }
 

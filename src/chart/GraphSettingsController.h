@@ -87,9 +87,9 @@ signals:
 
 private:
     bool fail(const QString& text, Control& focus);
-    // The X range put on the chart with the limit lines following; false when the window rule
-    // overflowed and nothing changed.
-    bool applyX(double xMin, double xMax, bool minChanged);
+    // The X range put on the chart, cut to the 300-interval window, with the limit lines
+    // following; when the window arithmetic overflows it is put on as it stands.
+    void applyX(double xMin, double xMax, bool minChanged);
     void applyY(double yMin, double yMax);
     void stepX(bool minimum, bool up);
     void stepY(bool minimum, bool up);

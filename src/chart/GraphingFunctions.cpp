@@ -5,6 +5,7 @@
 #include "base/MainWindowModel.h"
 #include "base/Numbers.h"
 
+#include <cmath>
 #include <limits>
 #include <stdexcept>
 
@@ -52,19 +53,8 @@ void GraphingFunctions::InitializeChart()
     chart_.setAxisLabelFormat(Axis::X, labelFormat());
     chart_.setAxisLabelFormat(Axis::Y, labelFormat());
 
-    const double xmin = Numbers::RoundHalfEven(chart_.axisMin(Axis::X));
-    const double xmax = Numbers::RoundHalfEven(chart_.axisMax(Axis::X));
-    chart_.setX(HighLimitSeries, 1, xmin);
-    chart_.setX(LowLimitSeries, 1, xmin);
-    chart_.setX(HighLimitSeries, 2, xmax);
-    chart_.setX(LowLimitSeries, 2, xmax);
-
-    const double high = Numbers::Val(state_.SettingsValues[HighLimitEntry]);
-    const double low = Numbers::Val(state_.SettingsValues[LowLimitEntry]);
-    chart_.setY(HighLimitSeries, 1, high);
-    chart_.setY(HighLimitSeries, 2, high);
-    chart_.setY(LowLimitSeries, 1, low);
-    chart_.setY(LowLimitSeries, 2, low);
+    // The lines span the X range on show from the start.
+    UpdateLimitLines();
 
     const bool shown = Numbers::Val(state_.SettingsValues[LimitLinesEntry]) == 1.0;
     chart_.setSeriesVisible(HighLimitSeries, shown);
@@ -75,6 +65,8 @@ void GraphingFunctions::ResetChartSeries()
 {
     {
         ChartBatch batch(chart_);
+        // No view of readings that are gone is held.
+        ReleaseView();
         chart_.setEmptyPointValue(EmptyPoint);
         chart_.setPointCount(ReadingSeries, 1);
         chart_.setX(ReadingSeries, 1, EmptyPoint);
@@ -113,42 +105,102 @@ void GraphingFunctions::AddReadingToChart(qint16& reading)
         autoScaleY(reading);
 }
 
-// Moves or widens the X window once the newest reading has reached its right edge. The test is
-// made on the reading already plotted, so the axis moves just before the next one is appended.
+// Moves the live X range on once the newest reading has reached its right edge. The test is
+// made on the reading already plotted, so the range moves just before the next one is appended.
+// Compressed mode keeps the whole record in view: X from 0, whatever the range was before (a
+// strip chart that paged), and the maximum doubled until the newest reading lies before it, never
+// cut to the 300-interval window.
 void GraphingFunctions::keepXWindowAhead(int pointCount)
 {
+    Ranges live = liveRanges();
     const double last = Numbers::RoundHalfEven(chart_.x(ReadingSeries, pointCount - 1));
-    const double xmax = Numbers::RoundHalfEven(chart_.axisMax(Axis::X));
-    if (last >= xmax) {
-        if (mainWindow_.mnuAutoCompressed.checked())
-            CompressXRange();
-        if (mainWindow_.mnuRealTimeGraphOn.checked())
-            ScrollXForward();
+    if (mainWindow_.mnuAutoCompressed.checked()) {
+        live.xMin = 0.0;
+        if (!(live.xMax > 0.0))
+            live.xMax = EmptyAxisWidth;
+        while (last >= Numbers::RoundHalfEven(live.xMax) && std::isfinite(live.xMax))
+            live.xMax += live.xMax;
+    } else {
+        if (mainWindow_.mnuRealTimeGraphOn.checked() && last >= Numbers::RoundHalfEven(live.xMax))
+            pageForward(live.xMin, live.xMax);
+        applyWindowRule(live.xMin, live.xMax);
     }
-    applyWindowRule();
+    setLiveRanges(live);
     updatePanel();
 }
 
 // The live view never spans 300 sample intervals or more: the maximum stays and the minimum
 // moves up. An overflow of the window arithmetic leaves the range as it is.
-void GraphingFunctions::applyWindowRule()
+void GraphingFunctions::applyWindowRule(double& xMin, double xMax)
 {
-    double xMin = chart_.axisMin(Axis::X);
-    const double xMax = chart_.axisMax(Axis::X);
     try {
-        if (!IsXRangeOverWindow(xMin, xMax))
-            return;
-        CalcXMinForWindow(xMin, xMax);
+        if (IsXRangeOverWindow(xMin, xMax))
+            CalcXMinForWindow(xMin, xMax);
     } catch (const std::overflow_error&) {
-        reportOverflow(QStringLiteral("THE 300-INTERVAL WINDOW WAS NOT APPLIED: "
-                                      "THE POINT SPACING IS TOO LARGE."));
+        ReportWindowOverflow();
+    }
+}
+
+GraphingFunctions::Ranges GraphingFunctions::shownRanges() const
+{
+    return { chart_.axisMin(Axis::X), chart_.axisMax(Axis::X), chart_.axisMin(Axis::Y),
+        chart_.axisMax(Axis::Y) };
+}
+
+GraphingFunctions::Ranges GraphingFunctions::liveRanges() const
+{
+    return held_ ? *held_ : shownRanges();
+}
+
+// The live ranges go on the axes, or aside while a view is held. The limit lines follow a new X
+// range on show.
+void GraphingFunctions::setLiveRanges(const Ranges& live)
+{
+    if (held_) {
+        *held_ = live;
         return;
     }
+    const Ranges shown = shownRanges();
     ChartBatch batch(chart_);
-    chart_.setAxisMin(Axis::X, xMin);
-    chart_.setAxisMax(Axis::X, xMax);
+    if (live.yMin != shown.yMin)
+        chart_.setAxisMin(Axis::Y, live.yMin);
+    if (live.yMax != shown.yMax)
+        chart_.setAxisMax(Axis::Y, live.yMax);
+    if (live.xMin == shown.xMin && live.xMax == shown.xMax)
+        return;
+    chart_.setAxisMin(Axis::X, live.xMin);
+    chart_.setAxisMax(Axis::X, live.xMax);
     chart_.setAxisLabelFormat(Axis::X, labelFormat());
     chart_.setAxisLabelFormat(Axis::Y, labelFormat());
+    UpdateLimitLines();
+}
+
+void GraphingFunctions::HoldView()
+{
+    if (held_)
+        return;
+    held_ = shownRanges();
+    if (mainWindow_.mnuSenseTemperature.checked())
+        mainWindow_.lblViewHeld.setVisible(true);
+}
+
+void GraphingFunctions::ReleaseView()
+{
+    if (!held_)
+        return;
+    const Ranges live = *held_;
+    held_.reset();
+    mainWindow_.lblViewHeld.setVisible(false);
+    const Ranges shown = shownRanges();
+    if (live.xMin == shown.xMin && live.xMax == shown.xMax && live.yMin == shown.yMin
+        && live.yMax == shown.yMax)
+        return;
+    ChartBatch batch(chart_);
+    chart_.setAxisMin(Axis::X, live.xMin);
+    chart_.setAxisMax(Axis::X, live.xMax);
+    chart_.setAxisMin(Axis::Y, live.yMin);
+    chart_.setAxisMax(Axis::Y, live.yMax);
+    CommonAxisUpdate();
 }
 
 bool GraphingFunctions::appendReading(qint16 reading)
@@ -171,16 +223,16 @@ bool GraphingFunctions::appendReading(qint16 reading)
 void GraphingFunctions::autoScaleY(qint16 reading)
 {
     const float t = reading;
+    Ranges live = liveRanges();
     if (t > state_.RunningYMax) {
         state_.RunningYMax = t;
-        ChartBatch batch(chart_);
-        chart_.setAxisMax(Axis::Y, wholeBound(state_.RunningYMax * 1.1));
+        live.yMax = wholeBound(state_.RunningYMax * 1.1);
     }
     if (t < state_.RunningYMin) {
         state_.RunningYMax = t;
-        ChartBatch batch(chart_);
-        chart_.setAxisMin(Axis::Y, wholeBound(state_.RunningYMax * 0.9));
+        live.yMin = wholeBound(state_.RunningYMax * 0.9);
     }
+    setLiveRanges(live);
     updatePanel();
 }
 
@@ -199,11 +251,26 @@ void GraphingFunctions::ShowAllPoints()
         if (y < lowest)
             lowest = y;
     }
+    double xMax = last;
+    if (!(last > 0)) {
+        // A single reading spans nothing: the width stays, from 0.
+        const double width = chart_.axisMax(Axis::X) - chart_.axisMin(Axis::X);
+        xMax = width > 0 ? width : EmptyAxisWidth;
+    }
     ChartBatch batch(chart_);
-    chart_.setAxisMax(Axis::X, last);
+    chart_.setAxisMax(Axis::X, xMax);
     chart_.setAxisMin(Axis::X, 0.0);
     chart_.setAxisMax(Axis::Y, highest * 1.1);
     chart_.setAxisMin(Axis::Y, lowest * 0.9);
+    CommonAxisUpdate();
+}
+
+void GraphingFunctions::StartXRangeAtZero()
+{
+    const double width = chart_.axisMax(Axis::X) - chart_.axisMin(Axis::X);
+    ChartBatch batch(chart_);
+    chart_.setAxisMin(Axis::X, 0.0);
+    chart_.setAxisMax(Axis::X, width > 0 ? width : EmptyAxisWidth);
     CommonAxisUpdate();
 }
 
@@ -213,8 +280,15 @@ void GraphingFunctions::CommonAxisUpdate()
         ChartBatch batch(chart_);
         chart_.setAxisLabelFormat(Axis::X, labelFormat());
         chart_.setAxisLabelFormat(Axis::Y, labelFormat());
+        UpdateLimitLines();
     }
     updatePanel();
+}
+
+void GraphingFunctions::ReportWindowOverflow()
+{
+    reportOverflow(QStringLiteral("THE 300-INTERVAL WINDOW WAS NOT APPLIED: "
+                                  "THE POINT SPACING IS TOO LARGE."));
 }
 
 void GraphingFunctions::updatePanel()

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 #include <utility>
 
 struct AppState;
@@ -18,11 +19,18 @@ class MainWindowModel;
 // A reading costs a constant number of chart operations plus a search of the newest X values:
 // the series is never walked while readings arrive.
 //
-// Arithmetic overflow (the 16-bit point spacing and window width, a 32-bit X bound) throws
-// std::overflow_error out of GetPointSpacing, CalcXMinForWindow and CalcXMaxForWindow, so their
-// callers abandon the one operation. AddReadingToChart and UpdateLimitLines catch it
-// themselves, leave the chart as it was (the reading is still plotted) and tell the operator
-// through the overflow notice.
+// Arithmetic overflow (the 16-bit point spacing and window width) throws std::overflow_error out
+// of GetPointSpacing, CalcXMinForWindow and CalcXMaxForWindow, so their callers take the range
+// as it stands. AddReadingToChart catches it itself, leaves the range as it was (the reading is
+// still plotted) and tells the operator through the overflow notice; the graph settings panel
+// says the same through ReportWindowOverflow.
+//
+// The operator's own view (a zoom, a drag, SHOW ALL POINTS) is held: from HoldView until
+// ReleaseView the engine keeps the live X and Y ranges apart from the ranges on show. Readings
+// go on moving the live ranges (paging, compression, the window rule, Y scaling) while the view
+// on show stays; RESET CHART releases it and shows the live ranges again.
+//
+// The limit lines span the X range on show: every change of it ends in UpdateLimitLines.
 //
 // The source files follow the engine's seams: GraphingFunctions.cpp (series, readings, show
 // all), ChartScrolling.cpp, AxisWindow.cpp (the 300-interval window rule) and LimitLines.cpp.
@@ -36,6 +44,8 @@ public:
     static constexpr int MaxWindowPoints = 300;
     // The limit lines reach this share of each X bound beyond it.
     static constexpr double LineMargin = 0.2;
+    // The X width a range without one is given.
+    static constexpr double EmptyAxisWidth = 100.0;
     // Settings entries the engine reads.
     static constexpr int HighLimitEntry = 13;
     static constexpr int LowLimitEntry = 14;
@@ -75,12 +85,23 @@ public:
     // True unless the reading series holds exactly its empty slot.
     bool ChartHasPoints() const;
     // Plots one reading at the previous X plus TimeInterval, which is converted to the current
-    // time unit in place, after moving the X window on as the plotting mode says and cutting it
-    // back to the 300-interval window. Dropped when the interval label is empty or reads
-    // "NO-INT".
+    // time unit in place, after moving the live X range on as the plotting mode says: the strip
+    // chart pages and is cut back to the 300-interval window; compressed mode keeps the whole
+    // record, X from 0 and the maximum doubled once the newest reading reaches it. Dropped when
+    // the interval label is empty or reads "NO-INT".
     void AddReadingToChart(qint16& reading);
     // X from 0 to the newest reading, Y from 90 % of the lowest to 110 % of the highest reading.
+    // A single reading keeps the X width, from 0.
     void ShowAllPoints();
+    // A real-time run starts the X range at 0 with the width it had (EmptyAxisWidth when none).
+    void StartXRangeAtZero();
+
+    // The view on show held apart from the live ranges (the first hold counts), and released:
+    // the live ranges shown again. The main window's "VIEW HELD" notice is shown while a view
+    // taken during a real-time run is held.
+    void HoldView();
+    void ReleaseView();
+    bool ViewHeld() const { return held_.has_value(); }
 
     // Scrolling by whole window widths (ChartScrolling.cpp).
     void CompressXRange();
@@ -102,13 +123,24 @@ public:
     void ShowLimitMarkers();
     void HideLimitMarkers();
 
-    // The labels "#.##" on both axes and the panel told: what follows every change of a range.
+    // The labels "#.##" on both axes, the limit lines across the X range and the panel told:
+    // what follows every change of a range.
     void CommonAxisUpdate();
+    // The window arithmetic overflowed and a range was taken as it stands: the operator is told.
+    void ReportWindowOverflow();
 
 private:
+    struct Ranges {
+        double xMin, xMax, yMin, yMax;
+    };
     std::function<void()> seriesReplaced_;
     void keepXWindowAhead(int pointCount);
-    void applyWindowRule();
+    void pageForward(double& min, double& max) const;
+    void applyWindowRule(double& xMin, double xMax);
+    Ranges shownRanges() const;
+    // The live ranges: the axes, or the ranges kept apart while a view is held.
+    Ranges liveRanges() const;
+    void setLiveRanges(const Ranges& live);
     bool appendReading(qint16 reading);
     void autoScaleY(qint16 reading);
     void updatePanel();
@@ -125,6 +157,7 @@ private:
     ChartPanel* panel_ = nullptr;
     Notice overflowNotice_;
     int overflowCount_ = 0;
+    std::optional<Ranges> held_;
 
     // The order check of readings 1 .. checkedCount_ - 1.
     mutable int checkedCount_ = 0;

@@ -4,49 +4,44 @@
 #include "base/AppState.h"
 #include "base/Numbers.h"
 
-#include <limits>
-#include <optional>
+#include <algorithm>
+#include <utility>
 
 namespace {
 using Axis = ChartSurface::Axis;
-
-// An X bound as a 32-bit whole number, half to even; empty when it does not fit.
-std::optional<qint32> toInt32(double value)
-{
-    const double r = Numbers::RoundHalfEven(value);
-    if (!(r >= std::numeric_limits<qint32>::min() && r <= std::numeric_limits<qint32>::max()))
-        return std::nullopt;
-    return qint32(r);
-}
 } // namespace
 
-// Stretches both lines 20 % of each bound beyond the X axis: the margin follows the bound's
-// own size, so a minimum of 0 starts the lines at 0.
+// Stretches both lines 20 % of each whole bound beyond the X axis: the margin follows the
+// bound's own size, so a minimum of 0 starts the lines at 0. Where that falls short of the range
+// on show (a negative bound, or one rounded past itself) the lines reach its edge, so they always
+// span what is shown. Lines already in place are left alone, which keeps readings added to a
+// still view drawn in part.
 void GraphingFunctions::UpdateLimitLines()
 {
-    const auto hi = toInt32(chart_.axisMax(Axis::X));
-    const auto lo = toInt32(chart_.axisMin(Axis::X));
-    if (!hi || !lo) {
-        reportOverflow(
-            QStringLiteral("THE LIMIT LINES WERE NOT MOVED: THE TIME AXIS IS TOO LONG."));
-        return;
-    }
-    const double start = *lo - *lo * LineMargin;
-    const double end = *hi + *hi * LineMargin;
+    const double xMin = chart_.axisMin(Axis::X);
+    const double xMax = chart_.axisMax(Axis::X);
+    const double lo = Numbers::RoundHalfEven(xMin);
+    const double hi = Numbers::RoundHalfEven(xMax);
+    const double start = std::min(lo - lo * LineMargin, std::min(xMin, xMax));
+    const double end = std::max(hi + hi * LineMargin, std::max(xMin, xMax));
     const double high = Numbers::Val(state_.SettingsValues[HighLimitEntry]);
     const double low = Numbers::Val(state_.SettingsValues[LowLimitEntry]);
 
+    auto inPlace = [&](int series, double y) {
+        return chart_.pointCount(series) == 2 && chart_.x(series, 1) == start
+            && chart_.x(series, 2) == end && chart_.y(series, 1) == y && chart_.y(series, 2) == y;
+    };
+    if (inPlace(HighLimitSeries, high) && inPlace(LowLimitSeries, low))
+        return;
     ChartBatch batch(chart_);
-    chart_.setPointCount(HighLimitSeries, 2);
-    chart_.setPointCount(LowLimitSeries, 2);
-    chart_.setX(HighLimitSeries, 1, start);
-    chart_.setX(HighLimitSeries, 2, end);
-    chart_.setY(HighLimitSeries, 1, high);
-    chart_.setY(HighLimitSeries, 2, high);
-    chart_.setX(LowLimitSeries, 1, start);
-    chart_.setX(LowLimitSeries, 2, end);
-    chart_.setY(LowLimitSeries, 1, low);
-    chart_.setY(LowLimitSeries, 2, low);
+    for (const auto& [series, y] :
+        { std::pair(HighLimitSeries, high), std::pair(LowLimitSeries, low) }) {
+        chart_.setPointCount(series, 2);
+        chart_.setX(series, 1, start);
+        chart_.setX(series, 2, end);
+        chart_.setY(series, 1, y);
+        chart_.setY(series, 2, y);
+    }
 }
 
 void GraphingFunctions::ShowLimitMarkers()

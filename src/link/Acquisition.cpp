@@ -82,7 +82,11 @@ void Acquisition::mnuSenseTemperature_Click()
         return;
     }
 
-    reinitializeChart();
+    {
+        ChartBatch batch(chart_.chart());
+        reinitializeChart();
+        chart_.StartXRangeAtZero();
+    }
     state_.PlotSaved = false;
     main_.mnuSenseTemperature.setChecked(true);
     if (state_.SystemStatusVisible)

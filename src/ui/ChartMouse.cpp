@@ -20,6 +20,11 @@ ChartMouse::ChartMouse(QCustomPlot& plot, ChartCommands& commands, QObject* pare
     connect(&plot_, &QCustomPlot::mousePress, this, &ChartMouse::onPress);
     connect(&plot_, &QCustomPlot::mouseRelease, this, &ChartMouse::onRelease);
     connect(&plot_, &QCustomPlot::mouseWheel, this, &ChartMouse::onWheel);
+    // The limit lines follow a drag or a wheel step as it happens, before the plot draws it.
+    connect(plot_.xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, [this] {
+        if (inGesture_)
+            commands_.TempChart_InteractionMove();
+    });
 }
 
 // The plot emits its press signal before it decides between a zoom rectangle and a drag, so the
@@ -31,6 +36,7 @@ void ChartMouse::onPress(QMouseEvent* event)
     const bool move = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
     plot_.setSelectionRectMode(move ? QCP::srmNone : QCP::srmZoom);
     pressed_ = true;
+    inGesture_ = true;
     commands_.TempChart_InteractionStart();
 }
 
@@ -46,6 +52,7 @@ void ChartMouse::onWheel(QWheelEvent*)
 {
     if (pressed_)
         return;
+    inGesture_ = true;
     commands_.TempChart_InteractionStart();
     endLater();
 }
@@ -55,7 +62,12 @@ void ChartMouse::onWheel(QWheelEvent*)
 void ChartMouse::endLater()
 {
     QMetaObject::invokeMethod(
-        this, [this] { commands_.TempChart_InteractionEnd(); }, Qt::QueuedConnection);
+        this,
+        [this] {
+            inGesture_ = pressed_;
+            commands_.TempChart_InteractionEnd();
+        },
+        Qt::QueuedConnection);
 }
 
 namespace {

@@ -19,7 +19,7 @@ class QWheelEvent;
 // the same drag with Shift or Ctrl held moves the axes, and the wheel zooms about the pointer.
 // Each gesture is one interaction: its start takes the axis snapshot and its end, once the plot
 // has applied the new ranges, tells the chart commands, which offer RESET CHART when the view
-// changed.
+// changed; the axes moved in between take the limit lines along.
 class ChartMouse : public QObject {
     Q_OBJECT
 public:
@@ -34,6 +34,8 @@ private:
     QCustomPlot& plot_;
     ChartCommands& commands_;
     bool pressed_ = false;
+    // From a press or wheel step until its end has been told.
+    bool inGesture_ = false;
 };
 
 // The cursor's side of the mouse on the chart: the marker follows the pointer, a click (a press

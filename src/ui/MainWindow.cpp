@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QStatusBar>
 #include <algorithm>
 #include <qcustomplot.h>
@@ -38,6 +39,13 @@ MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
         ui_->TempChart = chart;
     }
     styleReadout();
+    // The held view's notice stays at the right of the status bar, beside passing messages.
+    auto* viewHeld = new QLabel(statusBar());
+    viewHeld->setObjectName(QStringLiteral("lblViewHeld"));
+    QFont bold = viewHeld->font();
+    bold.setBold(true);
+    viewHeld->setFont(bold);
+    statusBar()->addPermanentWidget(viewHeld);
     binder_ = new ModelBinder(app_.main, *this);
     // The current reading is shown as often as the chart is drawn while readings stream in.
     binder_->throttle({ QStringLiteral("lblCurrentTemp"), QStringLiteral("lblStatCurrentTemp") },

@@ -281,55 +281,6 @@ private slots:
         QCOMPARE(e.engine.IsXRangeOverWindow(0.5, 400.0), scannedOverWindow(e.chart, 0.5, 400.0));
         QVERIFY(!e.engine.IsXRangeOverWindow(0.5, 400.0));
     }
-
-    // A live chart in compressed mode at one reading a second: the range doubles at the edge and
-    // is cut back to 300 intervals ending at its maximum.
-    void addingReadingsKeepsTheWindow()
-    {
-        Engine e;
-        e.window.lblSystParameters(2).setCaption(QStringLiteral("1"));
-        e.window.mnuAutoCompressed.setChecked(true);
-        e.chart.setAxisMin(Axis::X, 0);
-        e.chart.setAxisMax(Axis::X, 60);
-        auto feed = [&e](int count) {
-            for (int i = 0; i < count; ++i) {
-                e.state.TimeInterval = 1.0f;
-                qint16 r = 70;
-                e.engine.AddReadingToChart(r);
-            }
-        };
-        feed(300);
-        QCOMPARE(e.chart.axisMin(Axis::X), 0.0);
-        QCOMPARE(e.chart.axisMax(Axis::X), 480.0);
-        feed(1);
-        QCOMPARE(e.chart.axisMin(Axis::X), 180.0);
-        QCOMPARE(e.chart.axisMax(Axis::X), 480.0);
-        QCOMPARE(e.chart.axisLabelFormat(Axis::X), QStringLiteral("#.##"));
-        QCOMPARE(e.chart.pointCount(1), 302);
-    }
-
-    // Readings 200 s apart overflow the window width once 300 of them are in range: each
-    // reading is still plotted, the range stays and the operator is told.
-    void windowOverflowStillPlots()
-    {
-        Engine e;
-        e.window.lblSystParameters(2).setCaption(QStringLiteral("200"));
-        e.chart.setAxisMin(Axis::X, 0);
-        e.chart.setAxisMax(Axis::X, 1e9);
-        for (int i = 0; i < 305; ++i) {
-            e.state.TimeInterval = 200.0f;
-            qint16 r = qint16(60 + i % 5);
-            e.engine.AddReadingToChart(r);
-        }
-        QCOMPARE(e.chart.pointCount(1), 306);
-        QCOMPARE(e.chart.x(1, 305), 304 * 200.0);
-        QCOMPARE(e.chart.y(1, 305), 64.0);
-        QCOMPARE(e.chart.axisMin(Axis::X), 0.0);
-        QCOMPARE(e.chart.axisMax(Axis::X), 1e9);
-        // The window steps before readings 301 to 305 found 300 or more in range.
-        QCOMPARE(e.engine.overflowCount(), 5);
-        QVERIFY(e.notices.first().contains(QStringLiteral("300-INTERVAL WINDOW")));
-    }
 };
 TALAVEX_TEST(TestAxisWindow)
 #include "TestAxisWindow.moc"

@@ -4,9 +4,12 @@
 
 #include "base/Numbers.h"
 #include "chart/ChartPanel.h"
+#include "chart/GraphSettingsModel.h"
 #include "chart/PlotFile.h"
 
 #include <QTest>
+#include <functional>
+#include <map>
 
 namespace {
 using Axis = ChartSurface::Axis;
@@ -159,21 +162,132 @@ private slots:
         QCOMPARE(panel.updates, resetShown ? 1 : 0);
     }
 
-    // Two zooms in a row: RESET CHART goes back to the view before the first.
-    void resetChartRestoresTheFirstView()
+    // The chart keeps the data in view. A row is a script of steps on the application:
+    // "i=200" the interval, "S" and "C" the strip chart and compressed menu items, "lim" DISPLAY
+    // LIMIT MARKERS, "run" SEND DATA IN REALTIME, "stop", "f300" readings, "x=a,b" the X range as
+    // the settings leave it,
+    // "zoom=a,b" a mouse zoom, "all" SHOW ALL POINTS, "reset" RESET CHART, "load" the plot
+    // taken and put back, "clear" CLEAR CHART, ">" and "<" the panel's X scroll, "max=v" typed
+    // with Enter, "up" the maximum's up arrow, "accept=a,b" the X range accepted. Checks: "=a,b"
+    // the X range on show, "held" or "live" the VIEW HELD notice, "!" notices since the last,
+    // each the live path's, "#n" readings plotted. After every step and reading the limit lines
+    // span the X range, shown as DISPLAY LIMIT MARKERS says, the panel shows that range, and in
+    // compressed mode a live view starts at 0 and holds the newest reading.
+    void viewKeepsTheData_data()
     {
+        QTest::addColumn<QString>("script");
+        QTest::newRow("compressed, 3,000 readings") << "C run f3000 =0,3840";
+        QTest::newRow("compressed after paging") << "run f130 =120,180 C f1 =0,180";
+        QTest::newRow("limit lines")
+            << "lim run f200 > < stop all reset zoom=-30,30 reset load clear";
+        QTest::newRow("a new run starts at 0")
+            << "x=120,360 run =0,240 f300 stop run =0,240 stop x=50,50 run =0,100";
+        QTest::newRow("zoom held during a run")
+            << "run f30 zoom=10,20 held f200 =10,20 reset live =180,240";
+        QTest::newRow("held while compressing") << "C run f30 zoom=10,20 f100 =10,20 reset =0,240";
+        QTest::newRow("idle zooms: reset shows the first view")
+            << "f3 zoom=0,40 zoom=0,20 reset =0,60";
+        QTest::newRow("show all with one reading") << "x=10,70 f1 all =0,60";
+        QTest::newRow("window overflow on every path")
+            << "S i=200 x=0,100000 f305 ! #305 max=90000 =0,90000 ! up =0,108000 ! "
+               "accept=0,70000 =0,70000 !";
+    }
+    void viewKeepsTheData()
+    {
+        QFETCH(QString, script);
         AppRig rig;
         Application& a = rig.app();
-        plotReadings(a, { 50, 60, 70 });
-        const QList<double> original = limits(rig.chart);
-        for (double max : { 40.0, 20.0 }) {
-            a.chartCommands.TempChart_InteractionStart();
-            rig.chart.setAxisMax(Axis::X, max);
-            a.chartCommands.TempChart_InteractionEnd();
+        ChartCommands& c = a.chartCommands;
+        GraphSettingsController& panel = a.graphSettings;
+        GraphSettingsModel& boxes = a.graphSettingsModel;
+        Control* viewHeld = a.main.control(QStringLiteral("lblViewHeld"));
+        QStringList notices;
+        int noticesSeen = 0;
+        a.chart.setOverflowNotice([&notices](const QString& what) { notices << what; });
+        panel.Form_Load();
+        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        const std::map<QString, std::function<void()>> commands {
+            { "S", [&] { a.controller.mnuRealTimeGraphOn_Click(); } },
+            { "C", [&] { a.controller.mnuAutoCompressed_Click(); } },
+            { "lim", [&] { c.mnuDispLimits_Click(); } },
+            { "run", [&] { rig.startSensing(); } },
+            { "stop", [&] { a.acquisition.mnuStop_Click(); } },
+            { "all", [&] { c.mnuShowAllPts_Click(); } },
+            { "reset", [&] { c.cmdResetChart_Click(); } },
+            { "load", [&] { c.RestorePlot(c.TakePlot()); } },
+            { "clear", [&] { a.controller.mnuClearChart_Click(); } },
+            { ">", [&] { panel.XDomainScroll_UpClick(); } },
+            { "<", [&] { panel.XDomainScroll_DownClick(); } },
+            { "up", [&] { panel.XMaxIncrement_UpClick(); } },
+        };
+        auto box = [](double v) { return Numbers::Format(v, QStringLiteral("0.##")); };
+        auto check = [&] {
+            const double lo = std::min(rig.chart.axisMin(Axis::X), rig.chart.axisMax(Axis::X));
+            const double hi = std::max(rig.chart.axisMin(Axis::X), rig.chart.axisMax(Axis::X));
+            for (int series : { 2, 3 }) {
+                QVERIFY(rig.chart.x(series, 1) <= lo && rig.chart.x(series, 2) >= hi);
+                QCOMPARE(rig.chart.seriesVisible(series), a.main.mnuDispLimits.checked());
+            }
+            QCOMPARE(boxes.txtMinX.caption(), box(rig.chart.axisMin(Axis::X)));
+            QCOMPARE(boxes.txtMaxX.caption(), box(rig.chart.axisMax(Axis::X)));
+        };
+        for (const QString& step : script.split(QLatin1Char(' '))) {
+            const QStringList v = step.section(QLatin1Char('='), 1).split(QLatin1Char(','));
+            const QString op = step.section(QLatin1Char('='), 0, 0);
+            const auto command = commands.find(op);
+            if (command != commands.end()) {
+                command->second();
+            } else if (op.startsWith(QLatin1Char('f'))) {
+                for (int i = op.mid(1).toInt(); i > 0; --i) {
+                    plotReadings(a, { 70 }, qPrintable(a.main.lblSystParameters(2).caption()));
+                    if (a.main.mnuAutoCompressed.checked() && !a.main.cmdResetChart.visible()) {
+                        QCOMPARE(rig.chart.axisMin(Axis::X), 0.0);
+                        QVERIFY(rig.chart.x(1, rig.chart.pointCount(1) - 1)
+                            <= rig.chart.axisMax(Axis::X));
+                    }
+                    check();
+                    if (QTest::currentTestFailed())
+                        return;
+                }
+            } else if (op == QLatin1String("i")) {
+                a.main.lblSystParameters(2).setCaption(v[0]);
+            } else if (op == QLatin1String("x") || op == QLatin1String("zoom")) {
+                if (op == QLatin1String("zoom"))
+                    c.TempChart_InteractionStart();
+                rig.chart.setAxisMin(Axis::X, v[0].toDouble());
+                rig.chart.setAxisMax(Axis::X, v[1].toDouble());
+                if (op == QLatin1String("zoom")) {
+                    c.TempChart_InteractionEnd();
+                } else {
+                    a.controller.mnuIniChart_Click();
+                    panel.UpdatePanelWithCurrentChartSettings();
+                }
+            } else if (op == QLatin1String("max")) {
+                boxes.txtMaxX.setCaption(v[0]);
+                panel.txtMaxX_KeyPress(GraphSettingsController::KeyEnter);
+            } else if (op == QLatin1String("accept")) {
+                boxes.txtMinX.setCaption(v[0]);
+                boxes.txtMaxX.setCaption(v[1]);
+                panel.cmdAccept_Click();
+            } else if (op.isEmpty()) {
+                QCOMPARE(rig.chart.axisMin(Axis::X), v[0].toDouble());
+                QCOMPARE(rig.chart.axisMax(Axis::X), v[1].toDouble());
+            } else if (op == QLatin1String("held") || op == QLatin1String("live")) {
+                QVERIFY(viewHeld);
+                QCOMPARE(viewHeld->visible(), op == QLatin1String("held"));
+            } else if (op == QLatin1String("!")) {
+                QVERIFY(notices.size() > noticesSeen);
+                QCOMPARE(notices.count(notices.first()), notices.size());
+                noticesSeen = int(notices.size());
+            } else if (op.startsWith(QLatin1Char('#'))) {
+                QCOMPARE(rig.chart.pointCount(1), op.mid(1).toInt() + 1);
+            } else {
+                QFAIL(qPrintable(step));
+            }
+            check();
+            if (QTest::currentTestFailed())
+                return;
         }
-        QCOMPARE(rig.chart.axisMax(Axis::X), 20.0);
-        a.chartCommands.cmdResetChart_Click();
-        QCOMPARE(limits(rig.chart), original);
     }
 
     void plotRoundTrip()

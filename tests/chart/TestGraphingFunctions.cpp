@@ -58,11 +58,11 @@ private slots:
         QTest::addColumn<double>("lineStart");
         QTest::addColumn<double>("lineEnd");
         QTest::addColumn<bool>("visible");
-        QTest::newRow("shown") << 0.0 << 60.0 << "1" << 0.0 << 60.0 << true;
-        QTest::newRow("ends half to even, 1.0") << 10.5 << 61.5 << "1.0" << 10.0 << 62.0 << true;
-        QTest::newRow("hidden by 0") << 2.4 << 2.6 << "0" << 2.0 << 3.0 << false;
-        QTest::newRow("hidden when empty") << 0.0 << 60.0 << "" << 0.0 << 60.0 << false;
-        QTest::newRow("hidden by 2") << 0.0 << 60.0 << "2" << 0.0 << 60.0 << false;
+        QTest::newRow("shown") << 0.0 << 60.0 << "1" << 0.0 << 72.0 << true;
+        QTest::newRow("ends half to even, 1.0") << 10.5 << 61.5 << "1.0" << 8.0 << 74.4 << true;
+        QTest::newRow("hidden by 0") << 2.4 << 2.6 << "0" << 1.6 << 3.6 << false;
+        QTest::newRow("hidden when empty") << 0.0 << 60.0 << "" << 0.0 << 72.0 << false;
+        QTest::newRow("hidden by 2") << 0.0 << 60.0 << "2" << 0.0 << 72.0 << false;
     }
     void initializeChart()
     {
@@ -249,8 +249,7 @@ private slots:
         QTest::newRow("compressed doubles") << "1" << 0 << true << false << 61 << 0.0 << 120.0;
         QTest::newRow("strip chart pages") << "1" << 0 << false << true << 61 << 60.0 << 120.0;
         QTest::newRow("both off") << "1" << 0 << false << false << 61 << 0.0 << 60.0;
-        QTest::newRow("both: compress, then page")
-            << "1" << 0 << true << true << 61 << 120.0 << 240.0;
+        QTest::newRow("both: compressed wins") << "1" << 0 << true << true << 61 << 0.0 << 120.0;
         // 59.5 rounds half to even up to 60, the edge.
         QTest::newRow("half steps") << "0.5" << 0 << true << false << 120 << 0.0 << 120.0;
         QTest::newRow("2 s steps") << "2" << 0 << false << true << 31 << 60.0 << 120.0;
@@ -319,7 +318,8 @@ private slots:
     {
         Rig<ReadCountingSurface> rig;
         rig.window.mnuAutoScaleYAxis.setChecked(true);
-        rig.window.mnuAutoCompressed.setChecked(true);
+        rig.window.mnuRealTimeGraphOn.setChecked(true);
+        rig.setAxis(Axis::X, 0, 400);
         auto readsOfOne = [&rig] {
             rig.chart.reads = 0;
             rig.feed(4);

@@ -88,8 +88,10 @@ private slots:
         QTest::addColumn<double>("end");
         QTest::newRow("10..110") << 10.0 << 110.0 << 8.0 << 132.0;
         QTest::newRow("from 0 starts at 0") << 0.0 << 60.0 << 0.0 << 72.0;
-        QTest::newRow("negative minimum starts to its right") << -10.0 << 60.0 << -8.0 << 72.0;
+        QTest::newRow("negative minimum: from the edge") << -10.0 << 60.0 << -10.0 << 72.0;
         QTest::newRow("bounds rounded half to even") << 10.5 << 109.5 << 8.0 << 132.0;
+        QTest::newRow("a bound rounded past the range") << 0.6 << 0.9 << 0.6 << 1.2;
+        QTest::newRow("beyond 32 bits") << 0.0 << 3e9 << 0.0 << 3.6e9;
     }
     void limitLines()
     {
@@ -109,35 +111,6 @@ private slots:
         QCOMPARE(e.chart.y(2, 2), 85.0);
         QCOMPARE(e.chart.y(3, 1), 25.0);
         QCOMPARE(e.chart.y(3, 2), 25.0);
-    }
-
-    void linesStayWhenTheAxisMoves()
-    {
-        Engine e;
-        e.state.SettingsValues[21] = QStringLiteral("1");
-        e.setAxis(Axis::X, 0, 60);
-        e.engine.InitializeChart();
-        e.engine.ScrollXForward();
-        e.engine.CompressXRange();
-        e.state.SettingsValues[13] = QStringLiteral("99");
-        QCOMPARE(e.chart.x(2, 1), 0.0);
-        QCOMPARE(e.chart.x(2, 2), 60.0);
-        QCOMPARE(e.chart.y(2, 1), 85.0);
-        e.engine.UpdateLimitLines();
-        QCOMPARE(e.chart.x(2, 1), 48.0);
-        QCOMPARE(e.chart.x(2, 2), 288.0);
-        QCOMPARE(e.chart.y(2, 2), 99.0);
-    }
-
-    void limitLinesOverflowLeavesThem()
-    {
-        Engine e;
-        QStringList notices;
-        e.engine.setOverflowNotice([&notices](const QString& what) { notices << what; });
-        e.setAxis(Axis::X, 0, 3e9);
-        e.engine.UpdateLimitLines();
-        QCOMPARE(e.chart.x(2, 2), 60.0);
-        QCOMPARE(notices.size(), 1);
     }
 
     void showAndHideMarkers()

@@ -77,7 +77,13 @@ private slots:
     void shiftDragMovesTheAxes()
     {
         PlotApp p;
-        p.drag({ 0.5, 0.5 }, { 0.25, 0.5 }, Qt::ShiftModifier);
+        const QPointF from = p.at({ 0.5, 0.5 });
+        const QPointF to = p.at({ 0.25, 0.5 });
+        p.mouse(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton, Qt::ShiftModifier);
+        p.mouse(QEvent::MouseMove, to, Qt::LeftButton, Qt::LeftButton, Qt::ShiftModifier);
+        // The limit lines follow the axes as they move.
+        QVERIFY(p.surface.x(2, 2) >= p.surface.axisMax(Axis::X));
+        p.mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton, Qt::ShiftModifier);
         QTRY_VERIFY(p.app.main.cmdResetChart.visible());
         const double width = p.surface.axisMax(Axis::X) - p.surface.axisMin(Axis::X);
         QVERIFY(qAbs(width - 60.0) < 1e-6);
