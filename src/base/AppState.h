@@ -15,6 +15,9 @@ struct AppState {
     qint16 CommPortNumber = 1;
     std::array<QString, SettingsCount> SettingsValues;
     qint32 LastReceiveTime = 0;
+    // The monotonic clock, in whole seconds, when LastReceiveTime was last set: the watchdog
+    // measures silence with it, so neither midnight nor a change of the clock can stop it.
+    qint64 LastReceiveMonotonic = 0;
     float TimeInterval = 0.0f;
     std::array<QString, ParameterFieldCount> ParameterFields;
     std::array<QString, SystemParameterTextCount> SystemParameterText;

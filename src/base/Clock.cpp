@@ -8,6 +8,11 @@ qint32 Clock::secondsSinceMidnight() const
     return static_cast<qint32>(Numbers::RoundHalfEven(time.msecsSinceStartOfDay() / 1000.0));
 }
 
+qint64 Clock::monotonicSeconds() const
+{
+    return static_cast<qint64>(Numbers::RoundHalfEven(monotonicMs() / 1000.0));
+}
+
 QString Clock::dateText() const { return now().date().toString(QStringLiteral("MM/dd/yy")); }
 
 QString Clock::timeText() const

@@ -14,6 +14,11 @@ public:
 
     // Whole seconds since midnight, rounded to the nearest second; no day rollover.
     virtual qint32 secondsSinceMidnight() const;
+    // Milliseconds on a clock that only moves forward and knows no midnight: what time-outs are
+    // measured with. The system clock's is the monotonic clock; a settable clock's follows it.
+    virtual qint64 monotonicMs() const { return now().toMSecsSinceEpoch(); }
+    // The same in whole seconds, rounded to the nearest second.
+    qint64 monotonicSeconds() const;
     // Month/day/two-digit year, as "11/22/26".
     QString dateText() const;
     // Hours:minutes:seconds with AM or PM, as "7:05:09 PM".
@@ -28,6 +33,7 @@ public:
     QDateTime now() const override { return QDateTime::currentDateTime(); }
     QDateTime nowUtc() const override { return QDateTime::currentDateTimeUtc(); }
     qint32 secondsSinceMidnight() const override;
+    qint64 monotonicMs() const override { return monotonic_.elapsed(); }
 
 private:
     QElapsedTimer monotonic_;

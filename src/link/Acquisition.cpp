@@ -3,6 +3,7 @@
 #include "AcquisitionWindows.h"
 #include "SerialPort.h"
 #include "StoredPointsController.h"
+#include "TimingUtils.h"
 #include "base/AppState.h"
 #include "base/Clock.h"
 #include "base/MainWindowModel.h"
@@ -114,7 +115,7 @@ void Acquisition::mnuSenseTemperature_Click()
             &main_.mnuShowAllPts, &main_.mnuClearChart, &main_.mnuCopyChart, &main_.mnuDownloadData,
             &main_.mnuTextStamp, &main_.mnuNewAcquiredDataPoints, &main_.mnuAbout })
         item->setEnabled(false);
-    state_.LastReceiveTime = clock_.secondsSinceMidnight();
+    MarkReceiveTime(state_, clock_);
     if (state_.GraphSettingsOpen)
         windows_.setChartSettingsInputsEnabled(false);
 }
@@ -226,12 +227,13 @@ void Acquisition::tmrCheckTransmission_Timer()
     // A halt under way (a box of the receive path, or this one's own) is not told twice.
     if (halting())
         return;
-    const qint32 now = clock_.secondsSinceMidnight();
+    // Silence is measured on the monotonic clock: a run across midnight still halts.
+    const qint64 now = clock_.monotonicSeconds();
     const QString interval = main_.lblSystParameters(2).caption();
     double limit = Numbers::IsNumeric(interval) ? Numbers::Val(interval) : 1999.0;
     if (downloadMode())
         limit = 15.0;
-    if (double(now) - double(state_.LastReceiveTime) <= limit + 2.0)
+    if (double(now - state_.LastReceiveMonotonic) <= limit + 2.0)
         return;
 
     TransmissionLost = true;

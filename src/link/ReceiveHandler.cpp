@@ -4,6 +4,7 @@
 #include "AcquisitionWindows.h"
 #include "SerialPort.h"
 #include "StoredPointsController.h"
+#include "TimingUtils.h"
 #include "base/AppState.h"
 #include "base/Clock.h"
 #include "base/MainWindowModel.h"
@@ -116,7 +117,7 @@ void ReceiveHandler::pump()
 void ReceiveHandler::IR_Comm_OnComm(char c)
 {
     // 1, 2
-    state_.LastReceiveTime = clock_.secondsSinceMidnight();
+    MarkReceiveTime(state_, clock_);
     if (state_.SystemStatusVisible && main_.mnuSenseTemperature.checked())
         windows_.unloadSystemStatusWindow();
     // 3 to 5

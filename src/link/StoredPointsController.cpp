@@ -1,6 +1,7 @@
 #include "StoredPointsController.h"
 
 #include "Acquisition.h"
+#include "TimingUtils.h"
 #include "base/AppState.h"
 #include "base/Clock.h"
 #include "base/StringUtils.h"
@@ -98,7 +99,7 @@ void StoredPointsController::cmdStartDownload_Click()
             cmdStartDownload_Click();
             return;
         }
-        state_.LastReceiveTime = clock_.secondsSinceMidnight();
+        MarkReceiveTime(state_, clock_);
         acquisition_.tmrCheckTransmission().start();
         model_.cmdSaveToTxtFile.setEnabled(false);
         model_.cmdSaveToExcel.setEnabled(false);
@@ -110,7 +111,7 @@ void StoredPointsController::cmdStartDownload_Click()
     model_.lblAcquiredPoints.setCaption(IdleCaption);
     model_.cmdStartDownload.setCaption(StartCaption);
     model_.cmdStartDownload.setBackColor(Colors::Green);
-    state_.LastReceiveTime = clock_.secondsSinceMidnight();
+    MarkReceiveTime(state_, clock_);
     acquisition_.tmrCheckTransmission().stop();
     model_.cmdSaveToTxtFile.setEnabled(true);
     model_.cmdSaveToExcel.setEnabled(true);

@@ -1,6 +1,8 @@
 #include "TimingUtils.h"
 
 #include "SerialPort.h"
+#include "base/AppState.h"
+#include "base/Clock.h"
 
 #include <exception>
 
@@ -14,4 +16,10 @@ void SetCommPort(SerialPort& port, qint16 number)
         // A port that cannot take the number is reported when it is opened, not here.
     } catch (...) {
     }
+}
+
+void MarkReceiveTime(AppState& state, const Clock& clock)
+{
+    state.LastReceiveTime = clock.secondsSinceMidnight();
+    state.LastReceiveMonotonic = clock.monotonicSeconds();
 }

@@ -121,13 +121,17 @@ private slots:
         QTest::addColumn<int>("silence");
         QTest::addColumn<QString>("interval");
         QTest::addColumn<bool>("halts");
-        QTest::newRow("interval 2, 4 s") << "realtime" << 4 << "2" << false;
-        QTest::newRow("interval 2, 5 s") << "realtime" << 5 << "2" << true;
-        QTest::newRow("no interval, 2001 s") << "realtime" << 2001 << "NO-INT" << false;
-        QTest::newRow("no interval, 2002 s") << "realtime" << 2002 << "NO-INT" << true;
-        QTest::newRow("empty interval, 2002 s") << "realtime" << 2002 << "" << true;
-        QTest::newRow("download, 17 s") << "download" << 17 << "2" << false;
-        QTest::newRow("download, 18 s") << "download" << 18 << "2" << true;
+        QTest::addColumn<bool>("beforeMidnight"); // the silence starts at 23:59:58
+        QTest::newRow("interval 2, 4 s") << "realtime" << 4 << "2" << false << false;
+        QTest::newRow("interval 2, 5 s") << "realtime" << 5 << "2" << true << false;
+        QTest::newRow("no interval, 2001 s") << "realtime" << 2001 << "NO-INT" << false << false;
+        QTest::newRow("no interval, 2002 s") << "realtime" << 2002 << "NO-INT" << true << false;
+        QTest::newRow("empty interval, 2002 s") << "realtime" << 2002 << "" << true << false;
+        QTest::newRow("download, 17 s") << "download" << 17 << "2" << false << false;
+        QTest::newRow("download, 18 s") << "download" << 18 << "2" << true << false;
+        QTest::newRow("across midnight, 4 s") << "realtime" << 4 << "2" << false << true;
+        QTest::newRow("across midnight, 5 s") << "realtime" << 5 << "2" << true << true;
+        QTest::newRow("download across midnight") << "download" << 18 << "2" << true << true;
     }
     void watchdog()
     {
@@ -135,8 +139,11 @@ private slots:
         QFETCH(QString, interval);
         QFETCH(int, silence);
         QFETCH(bool, halts);
+        QFETCH(bool, beforeMidnight);
         AppRig rig;
         Application& a = rig.app();
+        if (beforeMidnight)
+            rig.clock.set(QDateTime(QDate(2026, 3, 14), QTime(23, 59, 58)));
         a.main.lblSystParameters(2).setCaption(interval);
         if (mode == QLatin1String("realtime"))
             rig.startSensing();
