@@ -61,6 +61,7 @@ Application::Application(Platform platform_, QObject* parent)
     platform.port.setReceiveCallback([this] {
         // What arrived before a loss is still handled: no reading already on the line is lost.
         receiver.pump();
+        acquisition.queueUnwrittenFilesReport();
         if (wasOpen_ && !platform.port.isOpen()) {
             // The device went away under an open port (a USB adapter pulled out).
             wasOpen_ = false;

@@ -103,4 +103,16 @@ Result Write(const QString& path, const QByteArray& bytes, bool append)
     return {};
 }
 
+bool WriteAll(QFile& file, const QByteArray& bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 n = file.write(bytes.constData() + done, bytes.size() - done);
+        if (n <= 0)
+            return false;
+        done += n;
+    }
+    return true;
+}
+
 } // namespace WholeFile

@@ -100,15 +100,21 @@ void Acquisition::mnuSenseTemperature_Click()
     }
     // The files of the run before are kept first; files that cannot be are not overwritten, and
     // this run is not logged.
-    const bool previousKept = PreviousRuns::Keep(state_.ProgramDirectory);
+    QString notKept;
+    const bool previousKept = PreviousRuns::Keep(state_.ProgramDirectory, &notKept);
+    toldLastObtained_ = toldLiveLog_ = false;
     if (previousKept)
         lastObtained_.open(state_.filePath(QString::fromLatin1(LastObtainedFile::FileName)));
+    else
+        lastObtained_.fail(notKept);
     lastObtained_.writeLine(BuildFileHeader(state_, main_, clock_));
     // The text stamp marks the run, on a line of its own after the header.
     if (!state_.TextStamp.isEmpty())
         lastObtained_.writeLine(state_.TextStamp);
     if (previousKept)
         liveLog_.open(state_.filePath(QString::fromLatin1(LiveLog::FileName)), clock_.now());
+    else
+        liveLog_.fail(notKept);
 
     for (Control* item :
         { &main_.mnuSystemSetup, &main_.mnuFile, &main_.mnuSavePlotToFile, &main_.mnuLoadPlotFile,
@@ -118,6 +124,7 @@ void Acquisition::mnuSenseTemperature_Click()
     MarkReceiveTime(state_, clock_);
     if (state_.GraphSettingsOpen)
         windows_.setChartSettingsInputsEnabled(false);
+    queueUnwrittenFilesReport();
 }
 
 void Acquisition::mnuDownloadData_Click()

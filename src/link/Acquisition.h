@@ -40,6 +40,11 @@ public:
 
     // The port closed under an open acquisition: the operator is told, and it stops.
     void portLost();
+    // After the receive path has handled what arrived: a file of the run that has stopped being
+    // written is told to the operator, once per run and file, from the event loop and not from
+    // inside the receive path, so readings go on arriving while the box is open.
+    void queueUnwrittenFilesReport();
+    void reportUnwrittenFiles();
     // Shows a box that halts the acquisition, then runs Stop. While it is open the watchdog shows
     // no box of its own and the receive path takes nothing: what arrives meanwhile is dropped
     // with the port when Stop closes it.
@@ -87,5 +92,9 @@ private:
     QTimer tmrCheckTransmission_;
     QTimer tmrBeep_;
     int haltBoxes_ = 0;
+    // This run's files already told as not written, and whether a report waits in the queue.
+    bool toldLastObtained_ = false;
+    bool toldLiveLog_ = false;
+    bool unwrittenReportQueued_ = false;
     bool unloadingStoredPoints_ = false;
 };

@@ -1,10 +1,25 @@
 #include "LastObtainedFile.h"
 
+#include "base/WholeFile.h"
+
 bool LastObtainedFile::open(const QString& path)
 {
     close();
+    failure_.clear();
     file_.setFileName(path);
-    return file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered);
+    if (file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        return true;
+    failure_ = file_.errorString();
+    return false;
+}
+
+void LastObtainedFile::fail(const QString& reason)
+{
+    if (failure_.isEmpty())
+        failure_ = reason;
+    pending_.clear();
+    if (file_.isOpen())
+        file_.close();
 }
 
 void LastObtainedFile::write(const QString& text)
@@ -30,7 +45,10 @@ void LastObtainedFile::flush()
 {
     if (pending_.isEmpty() || !file_.isOpen())
         return;
-    file_.write(pending_);
+    if (!WholeFile::WriteAll(file_, pending_)) {
+        fail(file_.errorString());
+        return;
+    }
     pending_.clear();
 }
 

@@ -27,9 +27,14 @@ public:
     }
     void flush();
     QString errorString() const { return file_.errorString(); }
+    // Why this run's file is not being written: it could not be opened or a write failed (the
+    // system's reason). Empty while all is well; after a failure nothing more is written.
+    const QString& failure() const { return failure_; }
+    void fail(const QString& reason);
 
 private:
     QFile file_;
+    QString failure_;
     QByteArray pending_;
     bool held_ = false;
 };

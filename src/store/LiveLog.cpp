@@ -1,19 +1,38 @@
 #include "LiveLog.h"
 
 #include "base/Numbers.h"
+#include "base/WholeFile.h"
 
 #include <cstdio>
 
 bool LiveLog::open(const QString& path, const QDateTime& start)
 {
     close();
+    failure_.clear();
     startMs_ = start.toMSecsSinceEpoch();
     stampSecond_ = -1;
     file_.setFileName(path);
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+        failure_ = file_.errorString();
         return false;
-    file_.write(QByteArray(TitleLine) + "\r\n");
-    return true;
+    }
+    return put(QByteArray(TitleLine) + "\r\n");
+}
+
+bool LiveLog::put(const QByteArray& bytes)
+{
+    if (WholeFile::WriteAll(file_, bytes))
+        return true;
+    fail(file_.errorString());
+    return false;
+}
+
+void LiveLog::fail(const QString& reason)
+{
+    if (failure_.isEmpty())
+        failure_ = reason;
+    if (file_.isOpen())
+        file_.close();
 }
 
 QString LiveLog::stamp(const QDateTime& now)
@@ -53,7 +72,7 @@ void LiveLog::writeReading(const QDateTime& now, double reading)
     QByteArray out = stampBytes_;
     out += line(QString(), ms - startMs_, reading).toLatin1();
     out += "\r\n";
-    file_.write(out);
+    put(out);
 }
 
 void LiveLog::close()

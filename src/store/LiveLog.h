@@ -21,6 +21,10 @@ public:
     // local time either way.
     void writeReading(const QDateTime& now, double reading);
     void close();
+    // Why this run's log is not being written: it could not be opened or a write failed (the
+    // system's reason). Empty while all is well; after a failure nothing more is written.
+    const QString& failure() const { return failure_; }
+    void fail(const QString& reason);
 
     // "2026-03-14,21:05:07,12.5,75"
     static QString Line(const QDateTime& start, const QDateTime& now, double reading);
@@ -30,7 +34,10 @@ private:
     static QString stamp(const QDateTime& now);
     static QString line(const QString& stamp, qint64 elapsedMs, double reading);
 
+    bool put(const QByteArray& bytes);
+
     QFile file_;
+    QString failure_;
     qint64 startMs_ = 0;
     // The stamp of the second last written: readings that come many a second share it, and the
     // local time is worked out once a second instead of for each of them.

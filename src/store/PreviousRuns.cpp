@@ -66,7 +66,7 @@ QDateTime headerTime(const QString& path)
 
 namespace PreviousRuns {
 
-bool Keep(const QString& directory)
+bool Keep(const QString& directory, QString* why)
 {
     const char* const runFiles[] = { LastObtainedFile::FileName, LiveLog::FileName };
     auto path = [&directory](const QString& name) { return directory + QLatin1Char('/') + name; };
@@ -93,8 +93,12 @@ bool Keep(const QString& directory)
         stamp = time + QLatin1Char('-') + QString::number(n);
     for (const char* fileName : runFiles) {
         const QString file = path(QString::fromLatin1(fileName));
-        if (QFileInfo::exists(file) && !QFile::rename(file, kept(fileName)))
+        QFile run(file);
+        if (run.exists() && !run.rename(kept(fileName))) {
+            if (why)
+                *why = run.errorString();
             return false;
+        }
     }
 
     // The kept runs by their time, which their names sort in; the oldest go.

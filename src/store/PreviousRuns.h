@@ -16,7 +16,7 @@ constexpr int Kept = 10;
 // that logged nothing would only push an older one out), then removes the kept files of all
 // but the last `Kept` runs. Another run kept in the same second gets "-2", "-3"... after its
 // time. False when a file could not be renamed: it is where it was, and must not be
-// overwritten.
-bool Keep(const QString& directory);
+// overwritten; `why` then gets the system's reason.
+bool Keep(const QString& directory, QString* why = nullptr);
 
 } // namespace PreviousRuns

@@ -228,6 +228,64 @@ private slots:
         const QString text = rig.prompter.messages().at(size_t(at)).text;
         QVERIFY2(text.contains(path) && text.contains(QLatin1String("64 MB")), qPrintable(text));
     }
+
+    // A run whose files cannot be written goes on and says so, once per file: No keeps the
+    // chart going, Yes stops the run.
+    void liveFilesThatCannotBeWrittenAreTold_data()
+    {
+        QTest::addColumn<bool>("fullDisk"); // fills mid-run; else a read-only folder
+        QTest::addColumn<bool>("stop");
+        QTest::newRow("read-only folder, go on") << false << false;
+        QTest::newRow("disk fills mid-run, go on") << true << false;
+        QTest::newRow("disk fills mid-run, stop") << true << true;
+    }
+    void liveFilesThatCannotBeWrittenAreTold()
+    {
+        QFETCH(bool, fullDisk);
+        QFETCH(bool, stop);
+        AppRig rig;
+        Application& a = rig.app();
+        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        std::optional<SmallDisk> disk;
+        std::optional<ReadOnlyDir> readOnly;
+        if (fullDisk) {
+            disk.emplace(rig.dir.path());
+            if (!disk->why.isEmpty())
+                QSKIP(qPrintable(disk->why));
+        } else {
+            readOnly.emplace(rig.dir.path());
+        }
+        rig.prompter.answers.push_back(stop ? Prompter::Answer::Yes : Prompter::Answer::No);
+        rig.startSensing();
+        rig.feed("  80\x07");
+        if (disk) { // every byte left taken
+            QFile filler(rig.dir.filePath(QStringLiteral("filler")));
+            QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+            while (filler.write(QByteArray(4096, 'x')) > 0) { }
+        }
+        // More than the slack of the files' last pages, then one reading after the boxes.
+        for (int i = 0; i < 2000; ++i)
+            rig.feed("  81\x07");
+        QCoreApplication::processEvents();
+        rig.feed("  82\x07");
+        QCoreApplication::processEvents();
+        const QString why = fullDisk ? QStringLiteral("No space left on device")
+                                     : QStringLiteral("Permission denied");
+        QStringList told;
+        for (const Prompter::Message& box : rig.prompter.messages()) {
+            if (box.title != QLatin1String("DATA FILE NOT WRITTEN"))
+                continue;
+            const QStringList lines = box.text.split(QStringLiteral("\r\n"));
+            QVERIFY2(lines.size() > 2 && lines.at(2) == why, qPrintable(box.text));
+            told << QFileInfo(lines.at(1)).fileName();
+        }
+        // Yes stops the run at the first box; No asks once for each file and goes on.
+        const QStringList files
+            = { QStringLiteral("LAST_OBTAINED_DATA_PTS.dat"), QStringLiteral("datatemp.dat") };
+        QCOMPARE(told, stop ? files.mid(0, 1) : files);
+        QCOMPARE(a.main.mnuSenseTemperature.checked(), !stop);
+        QCOMPARE(rig.chart.pointCount(1) - 1, stop ? 2001 : 2002);
+    }
 };
 TALAVEX_TEST(TestFileFaults)
 #include "TestFileFaults.moc"
