@@ -39,7 +39,7 @@ void GraphingFunctions::ScrollXForward()
     const bool sensing = mainWindow_.mnuSenseTemperature.checked();
     ChartBatch batch(chart_);
     const int n = chart_.pointCount(ReadingSeries);
-    if (sensing && n > 1 && Numbers::Val(state_.SettingsValues[TimeUnitEntry]) != 0.0) {
+    if (sensing && n > 1 && state_.SettingsValues.timeUnit.value() != 0.0) {
         const float newest = float(chart_.x(ReadingSeries, n - 1));
         chart_.setAxisMin(Axis::X, newest);
         chart_.setAxisMax(Axis::X, w.width + newest);

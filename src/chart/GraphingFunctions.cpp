@@ -59,14 +59,14 @@ void GraphingFunctions::InitializeChart()
     chart_.setX(HighLimitSeries, 2, xmax);
     chart_.setX(LowLimitSeries, 2, xmax);
 
-    const double high = Numbers::Val(state_.SettingsValues[HighLimitEntry]);
-    const double low = Numbers::Val(state_.SettingsValues[LowLimitEntry]);
+    const double high = state_.SettingsValues.highAlarmLimit.value();
+    const double low = state_.SettingsValues.lowAlarmLimit.value();
     chart_.setY(HighLimitSeries, 1, high);
     chart_.setY(HighLimitSeries, 2, high);
     chart_.setY(LowLimitSeries, 1, low);
     chart_.setY(LowLimitSeries, 2, low);
 
-    const bool shown = Numbers::Val(state_.SettingsValues[LimitLinesEntry]) == 1.0;
+    const bool shown = state_.SettingsValues.limitLinesShown.valueIsOne();
     chart_.setSeriesVisible(HighLimitSeries, shown);
     chart_.setSeriesVisible(LowLimitSeries, shown);
 }
@@ -89,8 +89,7 @@ bool GraphingFunctions::ChartHasPoints() const { return chart_.pointCount(Readin
 
 void GraphingFunctions::AddReadingToChart(qint16& reading)
 {
-    const QString interval = mainWindow_.lblSystParameters(2).caption();
-    if (interval.isEmpty() || interval == noInterval())
+    if (!state_.Instrument.interval.isGiven())
         return;
 
     // One redraw for the whole reading, however many groups of changes it makes.

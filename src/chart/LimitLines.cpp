@@ -33,8 +33,8 @@ void GraphingFunctions::UpdateLimitLines()
     }
     const double start = *lo - *lo * LineMargin;
     const double end = *hi + *hi * LineMargin;
-    const double high = Numbers::Val(state_.SettingsValues[HighLimitEntry]);
-    const double low = Numbers::Val(state_.SettingsValues[LowLimitEntry]);
+    const double high = state_.SettingsValues.highAlarmLimit.value();
+    const double low = state_.SettingsValues.lowAlarmLimit.value();
 
     ChartBatch batch(chart_);
     chart_.setPointCount(HighLimitSeries, 2);

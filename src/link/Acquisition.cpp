@@ -6,7 +6,6 @@
 #include "base/AppState.h"
 #include "base/Clock.h"
 #include "base/MainWindowModel.h"
-#include "base/Numbers.h"
 #include "base/Prompter.h"
 #include "base/Services.h"
 #include "base/TempBarDisplay.h"
@@ -98,7 +97,7 @@ void Acquisition::mnuSenseTemperature_Click()
     const bool previousKept = PreviousRuns::Keep(state_.ProgramDirectory);
     if (previousKept)
         lastObtained_.open(state_.filePath(QString::fromLatin1(LastObtainedFile::FileName)));
-    lastObtained_.writeLine(BuildFileHeader(state_, main_, clock_));
+    lastObtained_.writeLine(BuildFileHeader(state_, clock_));
     // The text stamp marks the run, on a line of its own after the header.
     if (!state_.TextStamp.isEmpty())
         lastObtained_.writeLine(state_.TextStamp);
@@ -223,8 +222,8 @@ void Acquisition::tmrCheckTransmission_Timer()
     if (halting())
         return;
     const qint32 now = clock_.secondsSinceMidnight();
-    const QString interval = main_.lblSystParameters(2).caption();
-    double limit = Numbers::IsNumeric(interval) ? Numbers::Val(interval) : 1999.0;
+    const SamplingInterval& interval = state_.Instrument.interval;
+    double limit = interval.isNumeric() ? interval.seconds() : 1999.0;
     if (downloadMode())
         limit = 15.0;
     if (double(now) - double(state_.LastReceiveTime) <= limit + 2.0)
@@ -242,15 +241,7 @@ void Acquisition::tmrCheckTransmission_Timer()
         windows_.statusSetToIdle();
 }
 
-bool Acquisition::audibleAlarmOn() const
-{
-    const QString text = state_.SettingsValues[22].trimmed();
-    if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
-        return true;
-    if (!Numbers::IsNumeric(text))
-        return false;
-    return Numbers::Val(text) != 0.0;
-}
+bool Acquisition::audibleAlarmOn() const { return state_.SettingsValues.audibleAlarms.beepOn(); }
 
 void Acquisition::tmrBeep_Timer()
 {

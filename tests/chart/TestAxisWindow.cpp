@@ -287,7 +287,7 @@ private slots:
     void addingReadingsKeepsTheWindow()
     {
         Engine e;
-        e.window.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        e.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         e.window.mnuAutoCompressed.setChecked(true);
         e.chart.setAxisMin(Axis::X, 0);
         e.chart.setAxisMax(Axis::X, 60);
@@ -313,7 +313,7 @@ private slots:
     void windowOverflowStillPlots()
     {
         Engine e;
-        e.window.lblSystParameters(2).setCaption(QStringLiteral("200"));
+        e.state.Instrument.interval = SamplingInterval(QStringLiteral("200"));
         e.chart.setAxisMin(Axis::X, 0);
         e.chart.setAxisMax(Axis::X, 1e9);
         for (int i = 0; i < 305; ++i) {

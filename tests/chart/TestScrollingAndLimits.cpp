@@ -73,7 +73,7 @@ private slots:
         Engine e;
         e.plot({ { 0, 50 }, { 25, 51 }, { 75, 52 } });
         e.window.mnuSenseTemperature.setChecked(sensing);
-        e.state.SettingsValues[16] = unitEntry;
+        e.state.SettingsValues.timeUnit.text = unitEntry;
         e.setAxis(Axis::X, 0, 60);
         e.engine.ScrollXForward();
         QCOMPARE(e.chart.axisMin(Axis::X), newMin);
@@ -114,12 +114,12 @@ private slots:
     void linesStayWhenTheAxisMoves()
     {
         Engine e;
-        e.state.SettingsValues[21] = QStringLiteral("1");
+        e.state.SettingsValues.limitLinesShown.text = QStringLiteral("1");
         e.setAxis(Axis::X, 0, 60);
         e.engine.InitializeChart();
         e.engine.ScrollXForward();
         e.engine.CompressXRange();
-        e.state.SettingsValues[13] = QStringLiteral("99");
+        e.state.SettingsValues.highAlarmLimit.text = QStringLiteral("99");
         QCOMPARE(e.chart.x(2, 1), 0.0);
         QCOMPARE(e.chart.x(2, 2), 60.0);
         QCOMPARE(e.chart.y(2, 1), 85.0);
