@@ -157,8 +157,8 @@ bool GraphingFunctions::appendReading(qint16 reading)
         reportOverflow(QStringLiteral("THE CHART IS FULL: THE READING WAS NOT PLOTTED."));
         return false;
     }
-    state_.TimeInterval = toTimeUnit(state_.TimeInterval, state_.TimeUnitIndex);
-    chart_.setX(ReadingSeries, k, state_.TimeInterval + chart_.x(ReadingSeries, k - 1));
+    const float step = toTimeUnit(state_.TimeInterval, state_.TimeUnitIndex);
+    chart_.setX(ReadingSeries, k, step + chart_.x(ReadingSeries, k - 1));
     chart_.setY(ReadingSeries, k, reading);
     chart_.setPointCount(ReadingSeries, k + 1);
     return true;
