@@ -95,8 +95,8 @@ struct Rig {
         app->state.ProgramDirectory = dir.path();
         app->main.mnuRealTimeGraphOn.setChecked(true);
         app->main.mnuAutoScaleYAxis.setChecked(true);
-        app->state.SettingsValues[13] = QStringLiteral("85");
-        app->state.SettingsValues[14] = QStringLiteral("25");
+        app->state.SettingsValues.highAlarmLimit.text = QStringLiteral("85");
+        app->state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
         app->acquisition.mnuSenseTemperature_Click();
     }
 };

@@ -52,7 +52,7 @@ struct EngineRig {
             chart = std::make_unique<InMemoryChartSurface>();
         }
         engine = std::make_unique<GraphingFunctions>(*chart, state, window);
-        window.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         window.mnuAutoScaleYAxis.setChecked(true);
         window.mnuAutoCompressed.setChecked(true);
         engine->InitializeChart();

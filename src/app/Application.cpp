@@ -24,8 +24,8 @@ Application::Application(Platform platform_, QObject* parent)
           state, bar, tempBarSettingsModel, prompter, [this] { chart.UpdateLimitLines(); })
     , graphSettings(state, chart, main, graphSettingsModel, prompter,
           [this] { controller.mnuClearChart_Click(); })
-    , textExport(state, main, store, platform.clock, prompter, storedPointsModel.lblAcquiredPoints)
-    , spreadsheet(state, main, store, platform.clock, prompter)
+    , textExport(state, store, platform.clock, prompter, storedPointsModel.lblAcquiredPoints)
+    , spreadsheet(state, store, platform.clock, prompter)
     , files(state, store, prompter, platform.launcher, textExport, spreadsheet)
     , controlTester(state, controlTesterModel, bar, irSystem, tempBarWindow)
     , demo(state, main, platform.chart, bar, irSystem, tempBarWindow, prompter)
@@ -34,13 +34,12 @@ Application::Application(Platform platform_, QObject* parent)
     , chartExport(state, prompter)
 {
     // The appearance scheme of settings entry 18 follows the axes and titles.
-    settings.steps.applyChartAxes
-        = [this, axes = settings.steps.applyChartAxes](SettingsFile::Values& v) {
-              if (axes)
-                  axes(v);
-              appearance.ApplySettingsEntry(v[ChartAppearance::SettingsEntry]);
-          };
-    settings.steps.applyTempBar = [this](SettingsFile::Values&) { tempBarWindow.applySettings(); };
+    settings.steps.applyChartAxes = [this, axes = settings.steps.applyChartAxes](Settings& s) {
+        if (axes)
+            axes(s);
+        appearance.ApplySettingsEntry(s.appearance.text);
+    };
+    settings.steps.applyTempBar = [this](Settings&) { tempBarWindow.applySettings(); };
     controller.setLoadOnce([this] {
         if (!graphSettings.loaded()) {
             graphSettings.Form_Load();

@@ -3,7 +3,6 @@
 #include "SettingsFileIO.h"
 #include "base/AppState.h"
 #include "base/MainWindowModel.h"
-#include "base/Numbers.h"
 #include "base/Prompter.h"
 #include "base/Services.h"
 #include "chart/ChartPanel.h"
@@ -43,7 +42,7 @@ void MainController::Form_Load()
     if (state_.ProgramDirectory.isEmpty())
         state_.ProgramDirectory = QDir::currentPath();
     receiver_.clearReceiveMembers();
-    if (const auto number = Numbers::TextToInt16(state_.SettingsValues[19])) {
+    if (const auto number = state_.SettingsValues.commPort.strictInt16()) {
         state_.CommPortNumber = *number;
         SetCommPort(port_, state_.CommPortNumber);
     }
@@ -101,7 +100,7 @@ void MainController::mnuAutoScaleYAxis_Click()
     main_.mnuAutoScaleYAxis.setChecked(on);
     if (state_.GraphSettingsOpen && chart_.panel())
         chart_.panel()->SetAutoRangeChecked(on);
-    state_.SettingsValues[17] = on ? QStringLiteral("1") : QStringLiteral("0");
+    state_.SettingsValues.autoScaleY.set(on);
 }
 
 void MainController::mnuRefreshChart_Click() { chart_.chart().redraw(); }

@@ -14,9 +14,6 @@ static void registerBuiltInFiles() { Q_INIT_RESOURCE(resources); }
 namespace {
 const char* const TimeUnitTitles[] = { "SECONDS", "MINUTES", "HOURS", "DAYS" };
 const QString BuiltInDefaults = QStringLiteral(":/talavex/DefaultSettings.dat");
-
-QString flag(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); }
-bool isOn(const QString& entry) { return entry == QLatin1String("1"); }
 } // namespace
 
 SettingsFileIO::SettingsFileIO(AppState& state, MainWindowModel& main, ChartSurface& chart)
@@ -24,44 +21,48 @@ SettingsFileIO::SettingsFileIO(AppState& state, MainWindowModel& main, ChartSurf
     , main_(main)
     , chart_(chart)
 {
-    steps.applyChartAxes = [this](SettingsFile::Values& v) { applyChartAxes(v); };
-    steps.applyChartFlags = [this](SettingsFile::Values& v) { applyChartFlags(v); };
-    steps.applyTimeUnit = [this](SettingsFile::Values& v) { return applyTimeUnit(v); };
-    steps.gatherChart = [this](SettingsFile::Values& v) { gatherChart(v); };
+    steps.applyChartAxes = [this](Settings& s) { applyChartAxes(s); };
+    steps.applyChartFlags = [this](Settings& s) { applyChartFlags(s); };
+    steps.applyTimeUnit = [this](Settings& s) { return applyTimeUnit(s); };
+    steps.gatherChart = [this](Settings& s) { gatherChart(s); };
 }
 
 // ---- The order and the program's own entries ----
 
 void SettingsFileIO::GatherSettings()
 {
-    auto& v = state_.SettingsValues;
+    Settings& s = state_.SettingsValues;
     if (steps.gatherChart)
-        steps.gatherChart(v);
+        steps.gatherChart(s);
     if (steps.gatherTempBar)
-        steps.gatherTempBar(v);
+        steps.gatherTempBar(s);
     // A saved axis is never empty.
-    if (v[0] == v[1])
-        v[0] = Numbers::NumberText(Numbers::Val(v[0]) + 100);
-    if (v[3] == v[2])
-        v[2] = Numbers::NumberText(Numbers::Val(v[2]) + 100);
-    // The audible-alarms box shows entry 22 checked only for "1" and writes "1" or "0" into it.
-    v[22] = flag(isOn(v[22]));
-    v[9] = flag(main_.mnuAutoCompressed.checked());
-    v[10] = flag(main_.mnuRealTimeGraphOn.checked());
-    v[19] = QString::number(state_.CommPortNumber);
-    v[20] = QStringLiteral("300");
+    if (s.yAxisMax.text == s.yAxisMin.text)
+        s.yAxisMax.text = Numbers::NumberText(s.yAxisMax.value() + 100);
+    if (s.xAxisMin.text == s.xAxisMax.text)
+        s.xAxisMax.text = Numbers::NumberText(s.xAxisMax.value() + 100);
+    // The audible-alarms box shows the entry checked only for "1" and writes "1" or "0" into it.
+    s.audibleAlarms.normalize();
+    s.autoCompressed.set(main_.mnuAutoCompressed.checked());
+    s.realTimeGraph.set(main_.mnuRealTimeGraphOn.checked());
+    s.commPort.text = QString::number(state_.CommPortNumber);
 }
 
 WholeFile::Result SettingsFileIO::SaveSettings()
 {
     GatherSettings();
     return SettingsFile::Write(
-        state_.filePath(QString::fromLatin1(FileName)), state_.SettingsValues);
+        state_.filePath(QString::fromLatin1(FileName)), state_.SettingsValues.lines());
 }
 
 bool SettingsFileIO::readInto(const QString& path)
 {
-    return SettingsFile::Read(path, state_.SettingsValues);
+    // A short file fills only the leading entries: the others keep what they held.
+    Settings::Lines lines = state_.SettingsValues.lines();
+    if (!SettingsFile::Read(path, lines))
+        return false;
+    state_.SettingsValues.setLines(lines);
+    return true;
 }
 
 bool SettingsFileIO::LoadSettings(bool useDefaults)
@@ -83,87 +84,87 @@ bool SettingsFileIO::LoadSettings(bool useDefaults)
 
 void SettingsFileIO::ApplySettings()
 {
-    auto& v = state_.SettingsValues;
-    // 1, 2: axis bounds, Y title, appearance
+    Settings& s = state_.SettingsValues;
+    // Axis bounds, Y title, appearance.
     if (steps.applyChartAxes)
-        steps.applyChartAxes(v);
-    // 3: entry 22 is read by the audible-alarms box and the beep timer where they stand.
-    // 4: the two chart flags; anything but "1" is off and is kept as "0"
+        steps.applyChartAxes(s);
+    // The audible alarms are read by the alarm box and the beep timer where they stand.
+    // The two chart flags: anything but "1" is off and is kept as "0".
     if (steps.applyChartFlags)
-        steps.applyChartFlags(v);
-    for (int i : { 8, 21 }) {
-        if (!isOn(v[i]))
-            v[i] = QStringLiteral("0");
-    }
-    // 5: the plotting mode
-    main_.mnuAutoCompressed.setChecked(isOn(v[9]));
-    main_.mnuRealTimeGraphOn.setChecked(isOn(v[10]));
-    // 6, 7: the temperature bar
+        steps.applyChartFlags(s);
+    s.yAutoRange.normalize();
+    s.limitLinesShown.normalize();
+    // The plotting mode.
+    main_.mnuAutoCompressed.setChecked(s.autoCompressed.on());
+    main_.mnuRealTimeGraphOn.setChecked(s.realTimeGraph.on());
+    // The temperature bar.
     if (steps.applyTempBar)
-        steps.applyTempBar(v);
-    // 8: the time unit
-    if (steps.applyTimeUnit && !steps.applyTimeUnit(v))
+        steps.applyTempBar(s);
+    // The time unit.
+    if (steps.applyTimeUnit && !steps.applyTimeUnit(s))
         return;
-    // 9: the port number last, converted strictly: a non-numeric entry ends the apply here and
+    // The port number last, converted strictly: a non-numeric entry ends the apply here and
     // leaves the port unchanged.
-    if (const auto port = Numbers::TextToInt16(v[19]))
+    if (const auto port = s.commPort.strictInt16())
         state_.CommPortNumber = *port;
 }
 
 // ---- The chart's entries ----
 
-void SettingsFileIO::gatherChart(SettingsFile::Values& v)
+void SettingsFileIO::gatherChart(Settings& s)
 {
     using Axis = ChartSurface::Axis;
-    v[0] = Numbers::NumberText(chart_.axisMax(Axis::Y));
-    v[1] = Numbers::NumberText(chart_.axisMin(Axis::Y));
-    v[2] = Numbers::NumberText(chart_.axisMax(Axis::X));
-    v[3] = Numbers::NumberText(chart_.axisMin(Axis::X));
-    v[6] = chart_.axisTitle(Axis::Y);
-    v[7] = chart_.axisTitle(Axis::X);
-    v[8] = flag(main_.mnuAutoScaleYAxis.checked());
-    v[21] = flag(main_.mnuDispLimits.checked());
-    v[17] = flag(main_.mnuAutoScaleYAxis.checked());
+    s.yAxisMax.text = Numbers::NumberText(chart_.axisMax(Axis::Y));
+    s.yAxisMin.text = Numbers::NumberText(chart_.axisMin(Axis::Y));
+    s.xAxisMax.text = Numbers::NumberText(chart_.axisMax(Axis::X));
+    s.xAxisMin.text = Numbers::NumberText(chart_.axisMin(Axis::X));
+    s.yAxisTitle.text = chart_.axisTitle(Axis::Y);
+    s.xAxisTitle.text = chart_.axisTitle(Axis::X);
+    s.yAutoRange.set(main_.mnuAutoScaleYAxis.checked());
+    s.limitLinesShown.set(main_.mnuDispLimits.checked());
+    s.autoScaleY.set(main_.mnuAutoScaleYAxis.checked());
     if (main_.mnuPlainChart.checked())
-        v[18] = QStringLiteral("1");
+        s.appearance.text = QStringLiteral("1");
     else if (main_.mnuScopeChart.checked())
-        v[18] = QStringLiteral("2");
+        s.appearance.text = QStringLiteral("2");
     else if (main_.mnuStandardChart.checked())
-        v[18] = QStringLiteral("0");
-    v[16] = QString::number(state_.TimeUnitIndex);
+        s.appearance.text = QStringLiteral("0");
+    s.timeUnit.text = QString::number(state_.TimeUnitIndex);
 }
 
-void SettingsFileIO::applyChartAxes(SettingsFile::Values& v)
+void SettingsFileIO::applyChartAxes(Settings& s)
 {
     using Axis = ChartSurface::Axis;
     {
         ChartBatch batch(chart_);
-        auto whole = [&](int i) {
-            return Numbers::Val(Numbers::Format(Numbers::Val(v[i]), QStringLiteral("0")));
+        auto whole = [](const SettingsNumber& entry) {
+            return Numbers::Val(Numbers::Format(entry.value(), QStringLiteral("0")));
         };
-        chart_.setAxisMax(Axis::Y, whole(0));
-        chart_.setAxisMin(Axis::Y, whole(1));
-        chart_.setAxisMax(Axis::X, whole(2));
-        chart_.setAxisMin(Axis::X, whole(3));
-        chart_.setAxisTitle(Axis::Y, v[6]);
+        chart_.setAxisMax(Axis::Y, whole(s.yAxisMax));
+        chart_.setAxisMin(Axis::Y, whole(s.yAxisMin));
+        chart_.setAxisMax(Axis::X, whole(s.xAxisMax));
+        chart_.setAxisMin(Axis::X, whole(s.xAxisMin));
+        chart_.setAxisTitle(Axis::Y, s.yAxisTitle.text);
     }
-    if (v[18] == QLatin1String("0") || v[18] == QLatin1String("1") || v[18] == QLatin1String("2")) {
-        main_.mnuStandardChart.setChecked(v[18] == QLatin1String("0"));
-        main_.mnuPlainChart.setChecked(v[18] == QLatin1String("1"));
-        main_.mnuScopeChart.setChecked(v[18] == QLatin1String("2"));
+    const QString& scheme = s.appearance.text;
+    if (scheme == QLatin1String("0") || scheme == QLatin1String("1")
+        || scheme == QLatin1String("2")) {
+        main_.mnuStandardChart.setChecked(scheme == QLatin1String("0"));
+        main_.mnuPlainChart.setChecked(scheme == QLatin1String("1"));
+        main_.mnuScopeChart.setChecked(scheme == QLatin1String("2"));
     }
 }
 
-void SettingsFileIO::applyChartFlags(SettingsFile::Values& v)
+void SettingsFileIO::applyChartFlags(Settings& s)
 {
-    main_.mnuAutoScaleYAxis.setChecked(isOn(v[8]));
-    main_.mnuDispLimits.setChecked(isOn(v[21]));
+    main_.mnuAutoScaleYAxis.setChecked(s.yAutoRange.on());
+    main_.mnuDispLimits.setChecked(s.limitLinesShown.on());
 }
 
-bool SettingsFileIO::applyTimeUnit(SettingsFile::Values& v)
+bool SettingsFileIO::applyTimeUnit(Settings& s)
 {
     // A value that does not fit 16 bits ends the apply here, as a conversion error would.
-    const auto unit = Numbers::ToInt16(Numbers::Val(v[16]));
+    const auto unit = s.timeUnit.toInt16();
     if (!unit)
         return false;
     state_.TimeUnitIndex = *unit;

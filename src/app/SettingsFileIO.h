@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Settings.h"
 #include "store/SettingsFile.h"
 
 #include <QString>
@@ -12,14 +13,14 @@ class MainWindowModel;
 // Where the chart and the temperature bar apply and gather their own entries. Each step sees the
 // live entries and may rewrite its own; a step left empty is skipped.
 struct SettingsSteps {
-    using Step = std::function<void(SettingsFile::Values&)>;
+    using Step = std::function<void(Settings&)>;
 
     // Apply, run in this order between the program's own entries:
     Step applyChartAxes; // 0 to 3 (axis bounds), 6 (Y title), 18 (appearance)
     Step applyChartFlags; // 8 (auto-range) and 21 (limit lines)
     Step applyTempBar; // 11 to 14, and 15 while the bar's window is shown
     // 16 (time unit and X title); false ends the apply there, as a conversion error would.
-    std::function<bool(SettingsFile::Values&)> applyTimeUnit;
+    std::function<bool(Settings&)> applyTimeUnit;
 
     // Gather:
     Step gatherChart; // 0 to 3, 6 to 8, 16 to 18, 21
@@ -52,10 +53,10 @@ public:
 
 private:
     bool readInto(const QString& path);
-    void applyChartAxes(SettingsFile::Values& v);
-    void applyChartFlags(SettingsFile::Values& v);
-    bool applyTimeUnit(SettingsFile::Values& v);
-    void gatherChart(SettingsFile::Values& v);
+    void applyChartAxes(Settings& s);
+    void applyChartFlags(Settings& s);
+    bool applyTimeUnit(Settings& s);
+    void gatherChart(Settings& s);
 
     AppState& state_;
     MainWindowModel& main_;

@@ -1,26 +1,27 @@
 #pragma once
 
+#include "InstrumentParameters.h"
+#include "Settings.h"
+
 #include <QString>
 #include <QStringList>
-#include <array>
 
 // The state every window shares. One instance, owned by the application object and handed to
 // whoever needs it.
 struct AppState {
-    static constexpr int SettingsCount = 23;
-    static constexpr int ParameterFieldCount = 11;
-    static constexpr int SystemParameterTextCount = 9;
-
     QString ProgramDirectory;
     qint16 CommPortNumber = 1;
-    std::array<QString, SettingsCount> SettingsValues;
+    // The live copy of "Settings.dat": dialogs write their entries into it as they change.
+    Settings SettingsValues;
     qint32 LastReceiveTime = 0;
     // The monotonic clock, in whole seconds, when LastReceiveTime was last set: the watchdog
     // measures silence with it, so neither midnight nor a change of the clock can stop it.
     qint64 LastReceiveMonotonic = 0;
+    // The sampling interval in seconds, taken from `Instrument` by the receive path's interval
+    // check while sensing; the chart steps by it converted to the time unit.
     float TimeInterval = 0.0f;
-    std::array<QString, ParameterFieldCount> ParameterFields;
-    std::array<QString, SystemParameterTextCount> SystemParameterText;
+    // What the instrument's last parameter block said.
+    InstrumentParameters Instrument;
 
     bool TempBarVisible = false;
     bool SystemStatusVisible = false;

@@ -13,9 +13,8 @@ class MainWindowModel;
 // checked, and clicking the checked OSCILLISCOPE or PLAIN item goes back to STANDARD.
 class ChartAppearance {
 public:
-    // Numbered as settings entry 18 stores them.
+    // Numbered as the appearance setting (entry 18) stores them.
     enum class Scheme { Standard = 0, Plain = 1, Scope = 2 };
-    static constexpr int SettingsEntry = 18;
     // The stored colour values, blue-green-red from the high byte down, in the order of
     // ChartSurface::Color.
     using Values = std::array<quint32, ChartSurface::ColorCount>;

@@ -43,8 +43,7 @@ void ChartCommands::mnuDispLimits_Click()
     main_.mnuDispLimits.setChecked(show);
     if (state_.GraphSettingsOpen && engine_.panel())
         engine_.panel()->SetDisplayLimitsChecked(show);
-    state_.SettingsValues[GraphingFunctions::LimitLinesEntry]
-        = show ? QStringLiteral("1") : QStringLiteral("0");
+    state_.SettingsValues.limitLinesShown.set(show);
     if (show)
         engine_.ShowLimitMarkers();
     else
@@ -128,8 +127,8 @@ PlotData ChartCommands::TakePlot() const
     plot.timeUnit = state_.TimeUnitIndex;
     plot.xTitle = chart.axisTitle(Axis::X);
     plot.yTitle = chart.axisTitle(Axis::Y);
-    plot.unitsCaption = main_.lblSystParameters(1).caption();
-    plot.intervalCaption = main_.lblSystParameters(2).caption();
+    plot.unitsCaption = state_.Instrument.units;
+    plot.intervalCaption = state_.Instrument.interval.text();
     return plot;
 }
 
@@ -154,9 +153,10 @@ void ChartCommands::RestorePlot(const PlotData& plot)
     chart.setAxisTitle(Axis::X, plot.xTitle);
     chart.setAxisTitle(Axis::Y, plot.yTitle);
     state_.TimeUnitIndex = plot.timeUnit;
-    state_.SettingsValues[GraphingFunctions::TimeUnitEntry] = QString::number(plot.timeUnit);
-    main_.lblSystParameters(1).setCaption(plot.unitsCaption);
-    main_.lblSystParameters(2).setCaption(plot.intervalCaption);
+    state_.SettingsValues.timeUnit.text = QString::number(plot.timeUnit);
+    state_.Instrument.units = plot.unitsCaption;
+    state_.Instrument.interval = SamplingInterval(plot.intervalCaption);
+    state_.Instrument.show(main_);
     engine_.CommonAxisUpdate();
 }
 

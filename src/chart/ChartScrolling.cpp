@@ -51,7 +51,7 @@ void GraphingFunctions::pageForward(double& min, double& max) const
     const float width = fmax - float(min);
     const bool sensing = mainWindow_.mnuSenseTemperature.checked();
     const int n = chart_.pointCount(ReadingSeries);
-    if (sensing && n > 1 && Numbers::Val(state_.SettingsValues[TimeUnitEntry]) != 0.0) {
+    if (sensing && n > 1 && state_.SettingsValues.timeUnit.value() != 0.0) {
         const float newest = float(chart_.x(ReadingSeries, n - 1));
         min = newest;
         max = width + newest;

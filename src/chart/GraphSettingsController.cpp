@@ -12,13 +12,7 @@
 namespace {
 using Axis = ChartSurface::Axis;
 
-constexpr int YMaxEntry = 0;
-constexpr int XMaxEntry = 2;
-constexpr int AutoRangeEntry = 8;
-constexpr int AutoScaleEntry = 17;
-
 QString boxText(double value) { return Numbers::Format(value, QStringLiteral("0.##")); }
-QString flag(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); }
 float oneDecimal(double value) { return float(Numbers::Val(Numbers::Format(value, "0.0"))); }
 } // namespace
 
@@ -228,7 +222,7 @@ void GraphSettingsController::comTimeUnits_Click(int index)
     // also makes a live strip chart re-anchor on the newest reading instead of paging.
     model_.setTimeUnitIndex(index);
     state_.TimeUnitIndex = qint16(index);
-    state_.SettingsValues[GraphingFunctions::TimeUnitEntry] = QString::number(index);
+    state_.SettingsValues.timeUnit.text = QString::number(index);
     engine_.chart().setAxisTitle(Axis::X, units[index]);
 }
 
@@ -236,15 +230,15 @@ void GraphSettingsController::chkAutoRange_Click()
 {
     const bool on = model_.chkAutoRange.checked();
     main_.mnuAutoScaleYAxis.setChecked(on);
-    state_.SettingsValues[AutoRangeEntry] = flag(on);
-    state_.SettingsValues[AutoScaleEntry] = flag(on);
+    state_.SettingsValues.yAutoRange.set(on);
+    state_.SettingsValues.autoScaleY.set(on);
 }
 
 void GraphSettingsController::chkDispLimits_Click()
 {
     const bool on = model_.chkDispLimits.checked();
     main_.mnuDispLimits.setChecked(on);
-    state_.SettingsValues[GraphingFunctions::LimitLinesEntry] = flag(on);
+    state_.SettingsValues.limitLinesShown.set(on);
     if (on)
         engine_.ShowLimitMarkers();
     else
@@ -305,8 +299,8 @@ void GraphSettingsController::cmdAccept_Click()
         engine_.chart().setAxisMax(Axis::Y, yMax);
         engine_.chart().setAxisTitle(Axis::Y, model_.txtYTitle.caption());
     }
-    state_.SettingsValues[YMaxEntry] = Numbers::Format(yMax, QStringLiteral("#.#"));
-    state_.SettingsValues[XMaxEntry] = Numbers::Format(xMax, QStringLiteral("#.#"));
+    state_.SettingsValues.yAxisMax.text = Numbers::Format(yMax, QStringLiteral("#.#"));
+    state_.SettingsValues.xAxisMax.text = Numbers::Format(xMax, QStringLiteral("#.#"));
     engine_.CommonAxisUpdate();
 }
 

@@ -56,7 +56,7 @@ void GraphingFunctions::InitializeChart()
     // The lines span the X range on show from the start.
     UpdateLimitLines();
 
-    const bool shown = Numbers::Val(state_.SettingsValues[LimitLinesEntry]) == 1.0;
+    const bool shown = state_.SettingsValues.limitLinesShown.valueIsOne();
     chart_.setSeriesVisible(HighLimitSeries, shown);
     chart_.setSeriesVisible(LowLimitSeries, shown);
 }
@@ -81,8 +81,7 @@ bool GraphingFunctions::ChartHasPoints() const { return chart_.pointCount(Readin
 
 void GraphingFunctions::AddReadingToChart(qint16& reading)
 {
-    const QString interval = mainWindow_.lblSystParameters(2).caption();
-    if (interval.isEmpty() || interval == noInterval())
+    if (!state_.Instrument.interval.isGiven())
         return;
 
     // One redraw for the whole reading, however many groups of changes it makes.
@@ -210,8 +209,8 @@ bool GraphingFunctions::appendReading(qint16 reading)
         reportOverflow(QStringLiteral("THE CHART IS FULL: THE READING WAS NOT PLOTTED."));
         return false;
     }
-    state_.TimeInterval = toTimeUnit(state_.TimeInterval, state_.TimeUnitIndex);
-    chart_.setX(ReadingSeries, k, state_.TimeInterval + chart_.x(ReadingSeries, k - 1));
+    const float step = toTimeUnit(state_.TimeInterval, state_.TimeUnitIndex);
+    chart_.setX(ReadingSeries, k, step + chart_.x(ReadingSeries, k - 1));
     chart_.setY(ReadingSeries, k, reading);
     chart_.setPointCount(ReadingSeries, k + 1);
     return true;

@@ -46,15 +46,8 @@ public:
     static constexpr double LineMargin = 0.2;
     // The X width a range without one is given.
     static constexpr double EmptyAxisWidth = 100.0;
-    // Settings entries the engine reads.
-    static constexpr int HighLimitEntry = 13;
-    static constexpr int LowLimitEntry = 14;
-    static constexpr int TimeUnitEntry = 16;
-    static constexpr int LimitLinesEntry = 21;
 
     static QString labelFormat() { return QStringLiteral("#.##"); }
-    // What the instrument reports when it has no known sampling interval.
-    static QString noInterval() { return QStringLiteral("NO-INT"); }
 
     using Notice = std::function<void(const QString&)>;
 

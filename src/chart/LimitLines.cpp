@@ -24,8 +24,8 @@ void GraphingFunctions::UpdateLimitLines()
     const double hi = Numbers::RoundHalfEven(xMax);
     const double start = std::min(lo - lo * LineMargin, std::min(xMin, xMax));
     const double end = std::max(hi + hi * LineMargin, std::max(xMin, xMax));
-    const double high = Numbers::Val(state_.SettingsValues[HighLimitEntry]);
-    const double low = Numbers::Val(state_.SettingsValues[LowLimitEntry]);
+    const double high = state_.SettingsValues.highAlarmLimit.value();
+    const double low = state_.SettingsValues.lowAlarmLimit.value();
 
     auto inPlace = [&](int series, double y) {
         return chart_.pointCount(series) == 2 && chart_.x(series, 1) == start

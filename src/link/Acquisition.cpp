@@ -7,7 +7,6 @@
 #include "base/AppState.h"
 #include "base/Clock.h"
 #include "base/MainWindowModel.h"
-#include "base/Numbers.h"
 #include "base/Prompter.h"
 #include "base/Services.h"
 #include "base/TempBarDisplay.h"
@@ -107,7 +106,7 @@ void Acquisition::mnuSenseTemperature_Click()
         lastObtained_.open(state_.filePath(QString::fromLatin1(LastObtainedFile::FileName)));
     else
         lastObtained_.fail(notKept);
-    lastObtained_.writeLine(BuildFileHeader(state_, main_, clock_));
+    lastObtained_.writeLine(BuildFileHeader(state_, clock_));
     // The text stamp marks the run, on a line of its own after the header.
     if (!state_.TextStamp.isEmpty())
         lastObtained_.writeLine(state_.TextStamp);
@@ -236,8 +235,8 @@ void Acquisition::tmrCheckTransmission_Timer()
         return;
     // Silence is measured on the monotonic clock: a run across midnight still halts.
     const qint64 now = clock_.monotonicSeconds();
-    const QString interval = main_.lblSystParameters(2).caption();
-    double limit = Numbers::IsNumeric(interval) ? Numbers::Val(interval) : 1999.0;
+    const SamplingInterval& interval = state_.Instrument.interval;
+    double limit = interval.isNumeric() ? interval.seconds() : 1999.0;
     if (downloadMode())
         limit = 15.0;
     if (double(now - state_.LastReceiveMonotonic) <= limit + 2.0)
@@ -255,15 +254,7 @@ void Acquisition::tmrCheckTransmission_Timer()
         windows_.statusSetToIdle();
 }
 
-bool Acquisition::audibleAlarmOn() const
-{
-    const QString text = state_.SettingsValues[22].trimmed();
-    if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
-        return true;
-    if (!Numbers::IsNumeric(text))
-        return false;
-    return Numbers::Val(text) != 0.0;
-}
+bool Acquisition::audibleAlarmOn() const { return state_.SettingsValues.audibleAlarms.beepOn(); }
 
 void Acquisition::tmrBeep_Timer()
 {

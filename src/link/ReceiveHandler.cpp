@@ -23,7 +23,6 @@ using namespace StringUtils;
 namespace {
 const QString HaltedLines = QStringLiteral(
     "\r\nPROGRAM HAS BEEN HALTED,\r\nPLEASE CHECK YOUR DESIRED MODE, AND RESUME OPERATION.");
-const QString NoInterval = QStringLiteral("NO-INT");
 const QString TwoSpaces = QStringLiteral("  ");
 } // namespace
 
@@ -208,8 +207,7 @@ void ReceiveHandler::finishRecord()
 
     // 10: the line in the last-obtained data file
     if (realTime && !ParameterBlockFlag) {
-        const QString& interval = main_.lblSystParameters(2).caption();
-        if (interval != NoInterval && !interval.isEmpty())
+        if (state_.Instrument.interval.isGiven())
             acquisition_.lastObtainedFile().writeLine(SpacesToTabs(ReceiveLine));
     }
 
@@ -224,15 +222,16 @@ void ReceiveHandler::finishRecord()
 
     // 12: the interval check
     if (main_.mnuSenseTemperature.checked()) {
-        Control& interval = main_.lblSystParameters(2);
-        if (interval.caption() != NoInterval) {
-            if (interval.caption().isEmpty()) {
-                interval.setCaption(NoInterval);
+        SamplingInterval& interval = state_.Instrument.interval;
+        if (!interval.isNone()) {
+            if (interval.isUnknown()) {
+                interval = SamplingInterval::none();
+                state_.Instrument.show(main_);
                 acquisition_.lastObtainedFile().flush();
                 prompter_.message(QStringLiteral("TIME INTERVAL UNKNOWN."),
                     QStringLiteral("PLEASE RESTART IR SYSTEM."));
             } else {
-                state_.TimeInterval = float(Numbers::Val(interval.caption()));
+                state_.TimeInterval = float(interval.seconds());
             }
         }
     }
@@ -257,8 +256,8 @@ void ReceiveHandler::showReading(qint16 temperature)
 {
     main_.lblStatCurrentTemp.setVisible(true);
     main_.lblCurrentTemp.setCaption(QString::number(temperature));
-    const double low = Numbers::Val(state_.SettingsValues[14]);
-    const double high = Numbers::Val(state_.SettingsValues[13]);
+    const double low = state_.SettingsValues.lowAlarmLimit.value();
+    const double high = state_.SettingsValues.highAlarmLimit.value();
     qint64 color = Colors::Green;
     bool alarm = true;
     if (temperature < low)
@@ -279,14 +278,17 @@ void ReceiveHandler::showReading(qint16 temperature)
 
 void ReceiveHandler::refreshParameterLabels()
 {
-    for (int entry = 1; entry <= 8; ++entry) {
-        const QString& field = state_.ParameterFields[entry];
-        main_.lblSystParameters(entry + 1).setCaption(entry == 6 && field == QLatin1String("BOGUS")
-                ? QStringLiteral("******")
-                : ParameterValuePart(field));
+    InstrumentParameters& p = state_.Instrument;
+    p.interval = SamplingInterval(ParameterValuePart(p.ParameterFields[1]));
+    for (int entry = 2; entry <= 8; ++entry) {
+        const QString& field = p.ParameterFields[entry];
+        p.otherValues[entry - 2] = entry == 6 && field == QLatin1String("BOGUS")
+            ? QStringLiteral("******")
+            : ParameterValuePart(field);
     }
-    const QString units = StripControlCharacters(state_.ParameterFields[0]);
-    main_.lblSystParameters(1).setCaption(ParameterValuePart(units));
+    const QString units = StripControlCharacters(p.ParameterFields[0]);
+    p.units = ParameterValuePart(units);
+    p.show(main_);
     if (state_.TempBarVisible) {
         if (TempBarDisplay* bar = windows_.tempBar()) {
             if (units == QLatin1String("  DEG F"))
@@ -307,22 +309,22 @@ void ReceiveHandler::LoadParameterBlock(const QString& block)
             line += c;
             continue;
         }
-        if (line.size() >= 5 && field < AppState::ParameterFieldCount) {
+        if (line.size() >= 5 && field < InstrumentParameters::ParameterFieldCount) {
             ++field;
             QString value = line;
             if (field == 7 && value.contains(QLatin1Char('-')))
                 value = QStringLiteral("BOGUS");
-            state_.ParameterFields[field - 1] = value;
-            if (field <= AppState::SystemParameterTextCount) {
+            state_.Instrument.ParameterFields[field - 1] = value;
+            if (field <= InstrumentParameters::SystemParameterTextCount) {
                 file.writeLine(Tab + value);
-                state_.SystemParameterText[field - 1] = StripControlCharacters(value);
+                state_.Instrument.SystemParameterText[field - 1] = StripControlCharacters(value);
             }
         }
         refreshParameterLabels();
         line.clear();
     }
 
-    const QString& first = state_.ParameterFields[10];
+    const QString& first = state_.Instrument.ParameterFields[10];
     if (first.size() >= 10) {
         PointCounter = 2;
         file.writeLine(QString(Tab));

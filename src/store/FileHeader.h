@@ -4,8 +4,7 @@
 
 struct AppState;
 class Clock;
-class MainWindowModel;
 
 // The tab-indented header of exported text files: the title line, the date and time line,
 // and, once the instrument has sent its parameters, the nine parameter lines and an empty line.
-QString BuildFileHeader(const AppState& state, const MainWindowModel& main, const Clock& clock);
+QString BuildFileHeader(const AppState& state, const Clock& clock);

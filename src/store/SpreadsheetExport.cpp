@@ -4,7 +4,6 @@
 #include "FileHeader.h"
 #include "LastObtainedFile.h"
 #include "base/AppState.h"
-#include "base/MainWindowModel.h"
 #include "base/Numbers.h"
 #include "base/Prompter.h"
 #include "base/StringUtils.h"
@@ -98,10 +97,9 @@ WorkbookSheet SheetFromStore(const QString& storeText, const QStringList& headin
     return sheet;
 }
 
-SpreadsheetExport::SpreadsheetExport(const AppState& state, const MainWindowModel& main,
-    const DataPointStore& store, const Clock& clock, Prompter& prompter)
+SpreadsheetExport::SpreadsheetExport(
+    const AppState& state, const DataPointStore& store, const Clock& clock, Prompter& prompter)
     : state_(state)
-    , main_(main)
     , store_(store)
     , clock_(clock)
     , prompter_(prompter)
@@ -114,7 +112,7 @@ void SpreadsheetExport::CreateExcelFile()
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
         bytes = file.readAll();
-    double interval = Numbers::Val(main_.lblSystParameters(2).caption());
+    double interval = state_.Instrument.interval.seconds();
     if (interval <= 0.0)
         interval = state_.TimeInterval;
     save(SheetFromLastObtained(bytes, interval));
@@ -123,7 +121,7 @@ void SpreadsheetExport::CreateExcelFile()
 void SpreadsheetExport::CreateExcelFileForDownLoadedData()
 {
     const QStringList headings
-        = BuildFileHeader(state_, main_, clock_).split(StringUtils::CrLf, Qt::SkipEmptyParts);
+        = BuildFileHeader(state_, clock_).split(StringUtils::CrLf, Qt::SkipEmptyParts);
     save(SheetFromStore(store_.text(), headings));
 }
 

@@ -7,7 +7,6 @@
 struct AppState;
 class Clock;
 class DataPointStore;
-class MainWindowModel;
 class Prompter;
 
 // The sheet of a real-time run, from the last-obtained data file: tab-led header and parameter
@@ -22,8 +21,8 @@ WorkbookSheet SheetFromStore(const QString& storeText, const QStringList& headin
 // points window's export of the downloaded readings.
 class SpreadsheetExport {
 public:
-    SpreadsheetExport(const AppState& state, const MainWindowModel& main,
-        const DataPointStore& store, const Clock& clock, Prompter& prompter);
+    SpreadsheetExport(
+        const AppState& state, const DataPointStore& store, const Clock& clock, Prompter& prompter);
 
     void setWriter(WorkbookWriter* writer) { writer_ = writer; }
 
@@ -36,7 +35,6 @@ private:
     void save(const WorkbookSheet& sheet);
 
     const AppState& state_;
-    const MainWindowModel& main_;
     const DataPointStore& store_;
     const Clock& clock_;
     Prompter& prompter_;

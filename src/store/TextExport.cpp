@@ -10,11 +10,9 @@
 
 #include <QFileInfo>
 
-TextExport::TextExport(const AppState& state, const MainWindowModel& main,
-    const DataPointStore& store, const Clock& clock, Prompter& prompter,
-    const Control& storedPointsLabel)
+TextExport::TextExport(const AppState& state, const DataPointStore& store, const Clock& clock,
+    Prompter& prompter, const Control& storedPointsLabel)
     : state_(state)
-    , main_(main)
     , store_(store)
     , clock_(clock)
     , prompter_(prompter)
@@ -26,7 +24,7 @@ QString TextExport::FileText() const
 {
     QString text;
     if (storedPointsLabel_.caption() != QLatin1String(NoHeaderCaption))
-        text = BuildFileHeader(state_, main_, clock_) + StringUtils::CrLf;
+        text = BuildFileHeader(state_, clock_) + StringUtils::CrLf;
     return text + store_.text() + StringUtils::CrLf;
 }
 

@@ -8,7 +8,6 @@ struct AppState;
 class Clock;
 class Control;
 class DataPointStore;
-class MainWindowModel;
 class Prompter;
 
 // Writes the data point store to text files with the tab-indented header, and the SAVE FILE
@@ -17,8 +16,8 @@ class TextExport {
 public:
     // `storedPointsLabel` is the stored points window's caption label: while it reads
     // "STORED DATA POINTS..." a download is on hand and is written without a header.
-    TextExport(const AppState& state, const MainWindowModel& main, const DataPointStore& store,
-        const Clock& clock, Prompter& prompter, const Control& storedPointsLabel);
+    TextExport(const AppState& state, const DataPointStore& store, const Clock& clock,
+        Prompter& prompter, const Control& storedPointsLabel);
 
     // The header (unless a download is on hand) and CR LF, then the store text and CR LF,
     // after the file's content when `append`. When the file could not be written it is as it
@@ -36,7 +35,6 @@ public:
 
 private:
     const AppState& state_;
-    const MainWindowModel& main_;
     const DataPointStore& store_;
     const Clock& clock_;
     Prompter& prompter_;

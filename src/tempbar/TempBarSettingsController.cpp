@@ -20,7 +20,6 @@ const QString MinTitle = QStringLiteral("RANGE MIN. TEMP. LIMIT ERROR");
 const QString OrDisable = QStringLiteral(", or") + StringUtils::CrLf
     + QStringLiteral("Disable the Enable Alarms Check Box.");
 
-QString flag(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); }
 } // namespace
 
 TempBarSettingsController::TempBarSettingsController(AppState& state, TempBar& bar,
@@ -38,13 +37,13 @@ TempBarSettingsController::TempBarSettingsController(AppState& state, TempBar& b
 void TempBarSettingsController::Form_Load()
 {
     loaded_ = true;
-    const auto& v = state_.SettingsValues;
+    const Settings& settings = state_.SettingsValues;
     model_.txtMaxTemp.setCaption(QString::number(bar_.GetMaxTemp()));
     model_.txtMinTemp.setCaption(QString::number(bar_.GetMinTemp()));
-    const bool alarms = Numbers::Val(v[Entries::AlarmsOn]) == 1.0;
+    const bool alarms = settings.alarmLimitsOn.valueIsOne();
     model_.chkEnableAlarms.setChecked(alarms);
     bar_.EnableAlarmLimits(alarms);
-    model_.chkAudibleAlarms.setChecked(Numbers::Val(v[Entries::AudibleAlarms]) == 1.0);
+    model_.chkAudibleAlarms.setChecked(settings.audibleAlarms.valueIsOne());
     model_.txtHighLimit.setCaption(QString::number(bar_.GetHighLimit()));
     model_.txtLowLimit.setCaption(QString::number(bar_.GetLowLimit()));
     model_.setFocus(model_.txtMaxTemp.name());
@@ -54,12 +53,12 @@ void TempBarSettingsController::chkEnableAlarms_Click()
 {
     const bool on = model_.chkEnableAlarms.checked();
     bar_.EnableAlarmLimits(on);
-    state_.SettingsValues[Entries::AlarmsOn] = flag(on);
+    state_.SettingsValues.alarmLimitsOn.set(on);
 }
 
 void TempBarSettingsController::chkAudibleAlarms_Click()
 {
-    state_.SettingsValues[Entries::AudibleAlarms] = flag(model_.chkAudibleAlarms.checked());
+    state_.SettingsValues.audibleAlarms.set(model_.chkAudibleAlarms.checked());
 }
 
 bool TempBarSettingsController::fail(const QString& title, const QString& text, Control& focus)
@@ -154,8 +153,8 @@ void TempBarSettingsController::cmdAccept_Click()
     bar_.SetLowLimit(*Numbers::TextToInt16(model_.txtLowLimit.caption()));
     // The two limit setters show their markers; switched-off indicators stay hidden.
     bar_.EnableAlarmLimits(bar_.IsAlarmOn());
-    state_.SettingsValues[Entries::HighLimit] = model_.txtHighLimit.caption();
-    state_.SettingsValues[Entries::LowLimit] = model_.txtLowLimit.caption();
+    state_.SettingsValues.highAlarmLimit.text = model_.txtHighLimit.caption();
+    state_.SettingsValues.lowAlarmLimit.text = model_.txtLowLimit.caption();
     if (updateLimitLines_)
         updateLimitLines_();
     unload();
@@ -163,32 +162,32 @@ void TempBarSettingsController::cmdAccept_Click()
 
 void TempBarSettingsController::cmdCancel_Click() { unload(); }
 
-void TempBarSettingsController::keyPress(int keyAscii, int entry, qint16 barValue)
+void TempBarSettingsController::keyPress(int keyAscii, SettingsNumber& entry, qint16 barValue)
 {
     if (keyAscii != KeyEnter)
         return;
-    state_.SettingsValues[entry] = QString::number(barValue);
+    entry.text = QString::number(barValue);
     cmdAccept_Click();
 }
 
 void TempBarSettingsController::txtMaxTemp_KeyPress(int keyAscii)
 {
-    keyPress(keyAscii, Entries::MaxTemp, bar_.GetMaxTemp());
+    keyPress(keyAscii, state_.SettingsValues.tempBarMax, bar_.GetMaxTemp());
 }
 
 void TempBarSettingsController::txtMinTemp_KeyPress(int keyAscii)
 {
-    keyPress(keyAscii, Entries::MinTemp, bar_.GetMinTemp());
+    keyPress(keyAscii, state_.SettingsValues.tempBarMin, bar_.GetMinTemp());
 }
 
 void TempBarSettingsController::txtHighLimit_KeyPress(int keyAscii)
 {
-    keyPress(keyAscii, Entries::HighLimit, bar_.GetHighLimit());
+    keyPress(keyAscii, state_.SettingsValues.highAlarmLimit, bar_.GetHighLimit());
 }
 
 void TempBarSettingsController::txtLowLimit_KeyPress(int keyAscii)
 {
-    keyPress(keyAscii, Entries::LowLimit, bar_.GetLowLimit());
+    keyPress(keyAscii, state_.SettingsValues.lowAlarmLimit, bar_.GetLowLimit());
 }
 
 void TempBarSettingsController::Form_Unload()

@@ -6,6 +6,7 @@
 struct AppState;
 class Control;
 class Prompter;
+struct SettingsNumber;
 class TempBar;
 class TempBarSettingsModel;
 
@@ -43,7 +44,7 @@ signals:
 private:
     bool fail(const QString& title, const QString& text, Control& focus);
     bool validate();
-    void keyPress(int keyAscii, int entry, qint16 barValue);
+    void keyPress(int keyAscii, SettingsNumber& entry, qint16 barValue);
     void unload();
 
     AppState& state_;

@@ -1,31 +1,30 @@
 #include "TempBarSettingsEntries.h"
 
 #include "TempBar.h"
-#include "base/Numbers.h"
 
 namespace TempBarSettingsEntries {
 
-void Apply(TempBar& bar, const Values& values, bool barShown)
+void Apply(TempBar& bar, const Settings& settings, bool barShown)
 {
-    auto apply = [&](int entry, void (TempBar::*set)(qint16)) {
-        if (const auto value = Numbers::ToInt16(Numbers::Val(values[entry])))
+    auto apply = [&](const SettingsNumber& entry, void (TempBar::*set)(qint16)) {
+        if (const auto value = entry.toInt16())
             (bar.*set)(*value);
     };
-    apply(MaxTemp, &TempBar::SetMaxTemp);
-    apply(MinTemp, &TempBar::SetMinTemp);
-    apply(HighLimit, &TempBar::SetHighLimit);
-    apply(LowLimit, &TempBar::SetLowLimit);
+    apply(settings.tempBarMax, &TempBar::SetMaxTemp);
+    apply(settings.tempBarMin, &TempBar::SetMinTemp);
+    apply(settings.highAlarmLimit, &TempBar::SetHighLimit);
+    apply(settings.lowAlarmLimit, &TempBar::SetLowLimit);
     if (barShown)
-        bar.EnableAlarmLimits(values[AlarmsOn] == QLatin1String("1"));
+        bar.EnableAlarmLimits(settings.alarmLimitsOn.on());
 }
 
-void Gather(const TempBar& bar, Values& values)
+void Gather(const TempBar& bar, Settings& settings)
 {
-    values[MaxTemp] = QString::number(bar.GetMaxTemp());
-    values[MinTemp] = QString::number(bar.GetMinTemp());
-    values[HighLimit] = QString::number(bar.GetHighLimit());
-    values[LowLimit] = QString::number(bar.GetLowLimit());
-    values[AlarmsOn] = bar.IsAlarmOn() ? QStringLiteral("1") : QStringLiteral("0");
+    settings.tempBarMax.text = QString::number(bar.GetMaxTemp());
+    settings.tempBarMin.text = QString::number(bar.GetMinTemp());
+    settings.highAlarmLimit.text = QString::number(bar.GetHighLimit());
+    settings.lowAlarmLimit.text = QString::number(bar.GetLowLimit());
+    settings.alarmLimitsOn.set(bar.IsAlarmOn());
 }
 
 } // namespace TempBarSettingsEntries

@@ -36,7 +36,7 @@ void TempBarWindowController::mnuViewTempBar_Click()
 void TempBarWindowController::Form_Load()
 {
     // Units as the last parameter block gave them; before any block the bar keeps its own.
-    const QString units = StringUtils::StripControlCharacters(state_.ParameterFields[0]);
+    const QString units = StringUtils::StripControlCharacters(state_.Instrument.ParameterFields[0]);
     if (!units.isEmpty()) {
         if (units == QLatin1String("  DEG F"))
             bar_.SetUnitsDegF();

@@ -29,8 +29,8 @@ public:
             Platform { prompter, clock, beeper, launcher, systemInfo, port, chart, portMap });
         app->state.ProgramDirectory = dir.path();
         app->main.mnuRealTimeGraphOn.setChecked(true);
-        app->state.SettingsValues[13] = QStringLiteral("85");
-        app->state.SettingsValues[14] = QStringLiteral("25");
+        app->state.SettingsValues.highAlarmLimit.text = QStringLiteral("85");
+        app->state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
         host.onShowStoredPoints = [this] { app->storedPoints.Form_Load(); };
         host.onUnloadStoredPoints = [this] { app->storedPoints.Form_Unload(); };
         app->setWindowHost(&host);

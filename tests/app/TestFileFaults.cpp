@@ -245,7 +245,7 @@ private slots:
         QFETCH(bool, stop);
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         std::optional<SmallDisk> disk;
         std::optional<ReadOnlyDir> readOnly;
         if (fullDisk) {

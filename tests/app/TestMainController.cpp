@@ -60,8 +60,8 @@ private slots:
         QCOMPARE(rig.chart.axisTitle(Axis::X), QStringLiteral("SECONDS"));
         QVERIFY(a.main.mnuRealTimeGraphOn.checked());
         QVERIFY(!a.main.mnuAutoCompressed.checked());
-        QCOMPARE(a.state.SettingsValues[13], QStringLiteral("85"));
-        QCOMPARE(a.state.SettingsValues[14], QStringLiteral("25"));
+        QCOMPARE(a.state.SettingsValues.highAlarmLimit.text, QStringLiteral("85"));
+        QCOMPARE(a.state.SettingsValues.lowAlarmLimit.text, QStringLiteral("25"));
         QCOMPARE(a.state.CommPortNumber, qint16(1));
         QCOMPARE(rig.chart.pointCount(1), 1);
         QVERIFY(rig.prompter.titles().isEmpty());
@@ -208,7 +208,7 @@ private slots:
         AppRig rig;
         Application& a = rig.app();
         a.main.mnuRealTimeGraphOn.setChecked(false);
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         rig.feed("  80\x07");
         QCOMPARE(a.main.lblCurrentTemp.caption(), QString());

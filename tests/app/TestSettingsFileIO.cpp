@@ -106,7 +106,7 @@ private slots:
         if (yTitle != QLatin1String("<any>"))
             QCOMPARE(rig.chart.axisTitle(Axis::Y), yTitle);
         QCOMPARE(int(a.state.CommPortNumber), port);
-        for (const QString& entry : a.state.SettingsValues)
+        for (const QString& entry : a.state.SettingsValues.lines())
             QVERIFY(entry.size() <= 1024);
         // Whatever was read, the next save is a whole, well-formed file.
         QVERIFY(a.settings.SaveSettings());
@@ -126,9 +126,9 @@ private slots:
         a.settings.LoadSettings(true);
         writeBytes(rig.dir.filePath("Settings.dat"), linesOf({ "70", "10", "30", "0", "x" }));
         a.settings.LoadSettings(false);
-        QCOMPARE(a.state.SettingsValues[4], QStringLiteral("x"));
-        QCOMPARE(a.state.SettingsValues[13], QStringLiteral("85"));
-        QCOMPARE(a.state.SettingsValues[6], QStringLiteral("TEMPERATURE"));
+        QCOMPARE(a.state.SettingsValues.spare4.text, QStringLiteral("x"));
+        QCOMPARE(a.state.SettingsValues.highAlarmLimit.text, QStringLiteral("85"));
+        QCOMPARE(a.state.SettingsValues.yAxisTitle.text, QStringLiteral("TEMPERATURE"));
         QCOMPARE(rig.chart.axisMax(Axis::X), 30.0);
     }
 
@@ -177,49 +177,49 @@ private slots:
         SettingsFileIO& io = rig.app().settings;
         QStringList ran;
         auto chartTimeUnit = io.steps.applyTimeUnit;
-        io.steps.applyChartAxes = [&](SettingsFile::Values&) { ran << "axes"; };
-        io.steps.applyChartFlags = [&](SettingsFile::Values& v) {
+        io.steps.applyChartAxes = [&](Settings&) { ran << "axes"; };
+        io.steps.applyChartFlags = [&](Settings& s) {
             ran << "flags";
-            v[8] = QStringLiteral("maybe");
+            s.yAutoRange.text = QStringLiteral("maybe");
         };
-        io.steps.applyTempBar = [&](SettingsFile::Values&) { ran << "bar"; };
-        io.steps.applyTimeUnit = [&](SettingsFile::Values& v) {
+        io.steps.applyTempBar = [&](Settings&) { ran << "bar"; };
+        io.steps.applyTimeUnit = [&](Settings& s) {
             ran << "unit";
-            return chartTimeUnit(v);
+            return chartTimeUnit(s);
         };
         auto& v = rig.app().state.SettingsValues;
-        v[16] = unit;
-        v[19] = port;
-        v[21] = QStringLiteral("1");
+        v.timeUnit.text = unit;
+        v.commPort.text = port;
+        v.limitLinesShown.text = QStringLiteral("1");
         io.ApplySettings();
         QCOMPARE(ran, QStringList({ "axes", "flags", "bar", "unit" }));
         QCOMPARE(int(rig.app().state.CommPortNumber), portAfter);
         // Whatever the chart's step leaves, the two flags end as "1" or "0".
-        QCOMPARE(v[8], QStringLiteral("0"));
-        QCOMPARE(v[21], QStringLiteral("1"));
+        QCOMPARE(v.yAutoRange.text, QStringLiteral("0"));
+        QCOMPARE(v.limitLinesShown.text, QStringLiteral("1"));
     }
 
     void gatherRulesHoldOverTheSteps()
     {
         AppRig rig;
         SettingsFileIO& io = rig.app().settings;
-        io.steps.gatherChart = [](SettingsFile::Values& v) {
-            v[0] = v[1] = QStringLiteral("50");
-            v[2] = v[3] = QStringLiteral("-7");
+        io.steps.gatherChart = [](Settings& s) {
+            s.yAxisMax.text = s.yAxisMin.text = QStringLiteral("50");
+            s.xAxisMax.text = s.xAxisMin.text = QStringLiteral("-7");
         };
         io.steps.gatherTempBar
-            = [](SettingsFile::Values& v) { v[11] = QStringLiteral("from bar"); };
+            = [](Settings& s) { s.tempBarMax.text = QStringLiteral("from bar"); };
         auto& v = rig.app().state.SettingsValues;
-        v[20] = QStringLiteral("512");
-        v[22] = QStringLiteral("yes");
-        v[4] = QStringLiteral("left");
+        v.setLine(20, QStringLiteral("512"));
+        v.audibleAlarms.text = QStringLiteral("yes");
+        v.spare4.text = QStringLiteral("left");
         io.GatherSettings();
-        QCOMPARE(v[0], QStringLiteral("150"));
-        QCOMPARE(v[2], QStringLiteral("93"));
-        QCOMPARE(v[11], QStringLiteral("from bar"));
-        QCOMPARE(v[20], QStringLiteral("300"));
-        QCOMPARE(v[22], QStringLiteral("0"));
-        QCOMPARE(v[4], QStringLiteral("left"));
+        QCOMPARE(v.yAxisMax.text, QStringLiteral("150"));
+        QCOMPARE(v.xAxisMax.text, QStringLiteral("93"));
+        QCOMPARE(v.tempBarMax.text, QStringLiteral("from bar"));
+        QCOMPARE(v.line(20), QStringLiteral("300"));
+        QCOMPARE(v.audibleAlarms.text, QStringLiteral("0"));
+        QCOMPARE(v.spare4.text, QStringLiteral("left"));
     }
 };
 TALAVEX_TEST(TestSettingsFileIO)

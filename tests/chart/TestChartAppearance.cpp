@@ -138,7 +138,7 @@ private slots:
         AppRig rig;
         Application& a = rig.app();
         a.appearance.mnuPlainChart_Click();
-        a.state.SettingsValues[18] = entry;
+        a.state.SettingsValues.appearance.text = entry;
         a.settings.ApplySettings();
         QCOMPARE(checks(a.main), checked);
         QCOMPARE(colors(rig.chart), screen);

@@ -25,8 +25,8 @@ public:
 
 void plotReadings(Application& a, const QList<int>& readings, const char* interval = "2")
 {
-    a.main.lblSystParameters(1).setCaption(QStringLiteral("DEG F"));
-    a.main.lblSystParameters(2).setCaption(QString::fromLatin1(interval));
+    a.state.Instrument.units = QStringLiteral("DEG F");
+    a.state.Instrument.interval = SamplingInterval(QString::fromLatin1(interval));
     for (int r : readings) {
         a.state.TimeInterval = float(Numbers::Val(QString::fromLatin1(interval)));
         qint16 reading = qint16(r);
@@ -80,7 +80,7 @@ private slots:
     {
         AppRig rig;
         Application& a = rig.app();
-        a.state.SettingsValues[13] = QStringLiteral("85");
+        a.state.SettingsValues.highAlarmLimit.text = QStringLiteral("85");
         rig.chart.setAxisMin(Axis::X, 10);
         rig.chart.setAxisMax(Axis::X, 110);
         a.main.cmdResetChart.setVisible(true);
@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(a.main.mnuDispLimits.checked(), shown);
         QCOMPARE(rig.chart.seriesVisible(2), shown);
         QCOMPARE(rig.chart.seriesVisible(3), shown);
-        QCOMPARE(a.state.SettingsValues[21], entry);
+        QCOMPARE(a.state.SettingsValues.limitLinesShown.text, entry);
         QCOMPARE(panel.limits.size(), panelOpen ? clicks : 0);
         if (panelOpen)
             QCOMPARE(panel.limits.last(), shown);
@@ -315,14 +315,15 @@ private slots:
         a.controller.mnuClearChart_Click();
         a.state.PlotSaved = false;
         a.graphSettings.comTimeUnits_Click(0);
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.prompter.files.push_back(file.fileName());
         a.chartCommands.mnuLoadPlotFile_Click();
         QVERIFY(rig.prompter.messages().empty());
         QVERIFY(a.chartCommands.TakePlot() == saved);
+        QCOMPARE(a.main.lblSystParameters(2).caption(), QStringLiteral("7"));
         QCOMPARE(rig.chart.pointCount(1), 7);
         QCOMPARE(a.state.TimeUnitIndex, qint16(1));
-        QCOMPARE(a.state.SettingsValues[16], QStringLiteral("1"));
+        QCOMPARE(a.state.SettingsValues.timeUnit.text, QStringLiteral("1"));
         QVERIFY(a.state.PlotSaved);
         const auto& open = rig.prompter.shown.back();
         QCOMPARE(open.kind, QStringLiteral("open"));
@@ -413,7 +414,7 @@ private slots:
         QFETCH(bool, saved);
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         rig.feed("  80\x07  81\x07");
         const QString path = rig.dir.filePath(QStringLiteral("plot.rec"));

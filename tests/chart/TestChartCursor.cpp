@@ -388,7 +388,7 @@ private slots:
         QFETCH(bool, initialize);
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         a.chart.InitializeChart();
         a.chart.ResetChartSeries();
         a.state.TimeInterval = 1.0f;

@@ -25,8 +25,8 @@ struct Rig : EngineRig<> {
 
     Rig()
     {
-        state.SettingsValues[0] = QStringLiteral("old Y");
-        state.SettingsValues[2] = QStringLiteral("old X");
+        state.SettingsValues.yAxisMax.text = QStringLiteral("old Y");
+        state.SettingsValues.xAxisMax.text = QStringLiteral("old X");
         setAxes(10, 110, 0, 100);
         panel.Form_Load();
     }
@@ -231,8 +231,8 @@ private slots:
         QCOMPARE(rig.model.focus(), focus);
         QCOMPARE(rig.axes(), before);
         QVERIFY(rig.chart.axisTitle(Axis::Y) != QStringLiteral("NEW TITLE"));
-        QCOMPARE(rig.state.SettingsValues[0], QStringLiteral("old Y"));
-        QCOMPARE(rig.state.SettingsValues[2], QStringLiteral("old X"));
+        QCOMPARE(rig.state.SettingsValues.yAxisMax.text, QStringLiteral("old Y"));
+        QCOMPARE(rig.state.SettingsValues.xAxisMax.text, QStringLiteral("old X"));
     }
 
     void acceptApplies_data()
@@ -271,8 +271,9 @@ private slots:
         QCOMPARE(rig.axes(), axes);
         QCOMPARE(rig.chart.axisTitle(Axis::Y), QStringLiteral("DEG C"));
         QCOMPARE(rig.model.txtMinX.caption(), Numbers::Format(axes[0], QStringLiteral("0.##")));
-        QCOMPARE(
-            QStringList({ rig.state.SettingsValues[0], rig.state.SettingsValues[2] }), entries);
+        QCOMPARE(QStringList({ rig.state.SettingsValues.yAxisMax.text,
+                     rig.state.SettingsValues.xAxisMax.text }),
+            entries);
         QCOMPARE(rig.chart.y(2, 1), 85.0);
         const double hi = Numbers::RoundHalfEven(axes[1]);
         QCOMPARE(rig.chart.x(3, 2), hi + hi * 0.2);
@@ -286,7 +287,7 @@ private slots:
         const QList<double> before = rig.axes();
         rig.panel.comTimeUnits_Click(2);
         QCOMPARE(rig.chart.axisTitle(Axis::X), QStringLiteral("HOURS"));
-        QCOMPARE(rig.state.SettingsValues[16], QStringLiteral("2"));
+        QCOMPARE(rig.state.SettingsValues.timeUnit.text, QStringLiteral("2"));
         QCOMPARE(rig.axes(), before);
         QCOMPARE(rig.chart.x(1, 10), 9.0);
         rig.panel.comTimeUnits_Click(7);
@@ -415,16 +416,16 @@ private slots:
         rig.model.chkAutoRange.setChecked(true);
         rig.panel.chkAutoRange_Click();
         QVERIFY(rig.window.mnuAutoScaleYAxis.checked());
-        QCOMPARE(rig.state.SettingsValues[8], QStringLiteral("1"));
+        QCOMPARE(rig.state.SettingsValues.yAutoRange.text, QStringLiteral("1"));
         rig.model.chkDispLimits.setChecked(true);
         rig.panel.chkDispLimits_Click();
         QVERIFY(rig.window.mnuDispLimits.checked());
-        QCOMPARE(rig.state.SettingsValues[21], QStringLiteral("1"));
+        QCOMPARE(rig.state.SettingsValues.limitLinesShown.text, QStringLiteral("1"));
         QVERIFY(rig.chart.seriesVisible(GraphingFunctions::HighLimitSeries));
         rig.model.chkDispLimits.setChecked(false);
         rig.panel.chkDispLimits_Click();
         QVERIFY(!rig.window.mnuDispLimits.checked());
-        QCOMPARE(rig.state.SettingsValues[21], QStringLiteral("0"));
+        QCOMPARE(rig.state.SettingsValues.limitLinesShown.text, QStringLiteral("0"));
         QVERIFY(!rig.chart.seriesVisible(GraphingFunctions::HighLimitSeries));
     }
 

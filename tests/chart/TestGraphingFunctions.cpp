@@ -78,9 +78,9 @@ private slots:
         chart.setSeriesCount(1);
         chart.setAxisMin(Axis::X, xmin);
         chart.setAxisMax(Axis::X, xmax);
-        state.SettingsValues[13] = "85.5";
-        state.SettingsValues[14] = "25 DEG";
-        state.SettingsValues[21] = limitsShown;
+        state.SettingsValues.highAlarmLimit.text = "85.5";
+        state.SettingsValues.lowAlarmLimit.text = "25 DEG";
+        state.SettingsValues.limitLinesShown.text = limitsShown;
         GraphingFunctions engine(chart, state, window);
         const int redraws = chart.redrawCount();
         engine.InitializeChart();
@@ -182,8 +182,8 @@ private slots:
             QVERIFY(qAbs(rig.chart.x(1, i) - (i - 1) * step) < 1e-5);
             QCOMPARE(rig.chart.y(1, i), 6.0 + i);
         }
-        // Converted in place: the receive path reloads it before every reading.
-        QVERIFY(qAbs(rig.state.TimeInterval - step) < 1e-6);
+        // The interval itself stays in seconds.
+        QCOMPARE(rig.state.TimeInterval, float(Numbers::Val(interval)));
     }
 
     void autoScale_data()
@@ -269,7 +269,7 @@ private slots:
         Rig<> rig(interval);
         rig.window.mnuSenseTemperature.setChecked(true);
         rig.state.TimeUnitIndex = qint16(unit);
-        rig.state.SettingsValues[16] = QString::number(unit);
+        rig.state.SettingsValues.timeUnit.text = QString::number(unit);
         rig.window.mnuAutoCompressed.setChecked(compressed);
         rig.window.mnuRealTimeGraphOn.setChecked(stripChart);
         rig.chart.setAxisMin(Axis::X, 0);

@@ -73,7 +73,7 @@ private slots:
         Engine e;
         e.plot({ { 0, 50 }, { 25, 51 }, { 75, 52 } });
         e.window.mnuSenseTemperature.setChecked(sensing);
-        e.state.SettingsValues[16] = unitEntry;
+        e.state.SettingsValues.timeUnit.text = unitEntry;
         e.setAxis(Axis::X, 0, 60);
         e.engine.ScrollXForward();
         QCOMPARE(e.chart.axisMin(Axis::X), newMin);

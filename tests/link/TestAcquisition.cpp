@@ -106,7 +106,7 @@ private slots:
     {
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         rig.feed("  80\x07");
         a.acquisition.mnuSenseTemperature_Click();
@@ -144,7 +144,7 @@ private slots:
         Application& a = rig.app();
         if (beforeMidnight)
             rig.clock.set(QDateTime(QDate(2026, 3, 14), QTime(23, 59, 58)));
-        a.main.lblSystParameters(2).setCaption(interval);
+        a.state.Instrument.interval = SamplingInterval(interval);
         if (mode == QLatin1String("realtime"))
             rig.startSensing();
         else
@@ -178,7 +178,7 @@ private slots:
     {
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         rig.clock.advance(10);
         rig.prompter.onShow
@@ -191,7 +191,7 @@ private slots:
     {
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("2"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("2"));
         rig.startSensing();
         for (int i = 0; i < 10; ++i) {
             rig.clock.advance(3);
@@ -235,7 +235,7 @@ private slots:
     {
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         // A reading already on the line when the device goes away is still shown.
         rig.port.pending.append("  77\x07");
@@ -250,7 +250,7 @@ private slots:
         // A loss while the watchdog's box is open adds no second box: the halt already said it.
         AppRig second;
         Application& b = second.app();
-        b.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        b.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         second.startSensing();
         second.clock.advance(10);
         second.prompter.onShow
@@ -278,7 +278,7 @@ private slots:
         QFETCH(QString, entry22);
         QFETCH(int, beeps);
         AppRig rig;
-        rig.app().state.SettingsValues[22] = entry22;
+        rig.app().state.SettingsValues.audibleAlarms.text = entry22;
         rig.app().acquisition.tmrBeep_Timer();
         QCOMPARE(rig.beeper.count, beeps);
     }

@@ -122,7 +122,7 @@ private slots:
 
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("2"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("2"));
         if (mode == QLatin1String("realtime"))
             rig.startSensing();
         else if (mode == QLatin1String("download"))
@@ -163,7 +163,7 @@ private slots:
         QFETCH(bool, halts);
         AppRig rig;
         Application& a = rig.app();
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("2"));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("2"));
         rig.startSensing();
         // The box is left open past the interval and 2 s: the watchdog adds no box of its own.
         rig.prompter.onShow = [&](const Prompter::Message&) {
@@ -207,8 +207,8 @@ private slots:
             "101" };
         for (int i = 1; i <= 9; ++i)
             QCOMPARE(a.main.lblSystParameters(i).caption(), expected.at(i - 1));
-        QCOMPARE(a.state.ParameterFields[6], QStringLiteral("BOGUS"));
-        QCOMPARE(a.state.SystemParameterText[1], QStringLiteral("INT (SECS)      2"));
+        QCOMPARE(a.state.Instrument.ParameterFields[6], QStringLiteral("BOGUS"));
+        QCOMPARE(a.state.Instrument.SystemParameterText[1], QStringLiteral("INT (SECS)      2"));
         QCOMPARE(a.state.TimeInterval, 2.0f);
         // The first reading of the block is plotted at X = 0.
         QCOMPARE(rig.chart.pointCount(1), 2);
@@ -273,9 +273,9 @@ private slots:
         QFETCH(bool, beeping);
         AppRig rig;
         Application& a = rig.app();
-        a.state.SettingsValues[13] = QStringLiteral("85");
-        a.state.SettingsValues[14] = QStringLiteral("25");
-        a.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        a.state.SettingsValues.highAlarmLimit.text = QStringLiteral("85");
+        a.state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         rig.feed("  50\x07" + reading + "\x07");
         QCOMPARE(a.main.lblCurrentTemp.caption(), QString::fromLatin1(reading.trimmed()));
@@ -288,7 +288,7 @@ private slots:
     void endlessRecordIsBounded()
     {
         AppRig rig;
-        rig.app().main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        rig.app().state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         const QByteArray noise(4 * ReceiveHandler::MaxRecordLength, '7');
         rig.feed(noise);
@@ -304,7 +304,7 @@ private slots:
         rig.startSensing();
         // While the unknown-interval box is open, two more readings arrive on the line.
         rig.prompter.onShow = [&](const Prompter::Message&) {
-            rig.app().main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+            rig.app().state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
             rig.feed("  81\x07  82\x07");
             // Nothing of them has been handled while the box is open.
             QCOMPARE(rig.app().main.lblCurrentTemp.caption(), QStringLiteral("80"));

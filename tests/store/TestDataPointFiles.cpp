@@ -37,7 +37,7 @@ struct StoreRig {
     DataPointStore store;
     FakeClock clock;
     FakePrompter prompter;
-    TextExport text { state, main, store, clock, prompter, label };
+    TextExport text { state, store, clock, prompter, label };
 };
 } // namespace
 

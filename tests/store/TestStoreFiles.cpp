@@ -115,10 +115,10 @@ private slots:
         FakeClock clock;
         clock.set(QDateTime(QDate(2026, 3, 14), QTime(21, 5, 7)));
         for (int i = 0; i < 9; ++i)
-            state.SystemParameterText[i] = QStringLiteral("P%1").arg(i);
+            state.Instrument.SystemParameterText[i] = QStringLiteral("P%1").arg(i);
         if (withParameters)
-            main.lblSystParameters(1).setCaption(QStringLiteral("DEG F"));
-        QCOMPARE(BuildFileHeader(state, main, clock).toLatin1(), expected);
+            state.Instrument.units = QStringLiteral("DEG F");
+        QCOMPARE(BuildFileHeader(state, clock).toLatin1(), expected);
     }
 
     void lastObtainedFileIsOnDiskAfterEachLine()

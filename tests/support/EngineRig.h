@@ -23,9 +23,9 @@ template <typename Surface = InMemoryChartSurface> struct EngineRig {
 
     explicit EngineRig(const QString& interval = QStringLiteral("1"))
     {
-        state.SettingsValues[13] = QStringLiteral("85");
-        state.SettingsValues[14] = QStringLiteral("25");
-        window.lblSystParameters(2).setCaption(interval);
+        state.SettingsValues.highAlarmLimit.text = QStringLiteral("85");
+        state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
+        state.Instrument.interval = SamplingInterval(interval);
         engine.setOverflowNotice([this](const QString& what) { notices << what; });
         engine.InitializeChart();
         engine.ResetChartSeries();
@@ -55,10 +55,10 @@ template <typename Surface = InMemoryChartSurface> struct EngineRig {
             chart.setPointCount(1, i + 2);
         }
     }
-    // Readings through the receive path's door: the interval reloaded from its label first.
+    // Readings through the receive path's door: the interval taken from the instrument first.
     void feed(qint16 reading)
     {
-        state.TimeInterval = float(Numbers::Val(window.lblSystParameters(2).caption()));
+        state.TimeInterval = float(state.Instrument.interval.seconds());
         engine.AddReadingToChart(reading);
     }
     void feed(const QList<int>& readings)

@@ -25,8 +25,8 @@ class TestTempBarSettings : public QObject {
 
         Rig()
         {
-            state.SettingsValues[15] = QStringLiteral("1");
-            state.SettingsValues[22] = QStringLiteral("0");
+            state.SettingsValues.alarmLimitsOn.text = QStringLiteral("1");
+            state.SettingsValues.audibleAlarms.text = QStringLiteral("0");
             dialog.Form_Load();
         }
         void type(const QString& max, const QString& min, const QString& high, const QString& low)
@@ -40,7 +40,7 @@ class TestTempBarSettings : public QObject {
         {
             QStringList e;
             for (int i = 11; i <= 15; ++i)
-                e << state.SettingsValues[size_t(i)];
+                e << state.SettingsValues.line(i);
             return e;
         }
         QList<int> barValues() const
@@ -70,8 +70,8 @@ private slots:
         r.bar.SetMinTemp(-20);
         r.bar.SetHighLimit(250);
         r.bar.SetLowLimit(10);
-        r.state.SettingsValues[15] = entries[0];
-        r.state.SettingsValues[22] = entries[1];
+        r.state.SettingsValues.alarmLimitsOn.text = entries[0];
+        r.state.SettingsValues.audibleAlarms.text = entries[1];
         r.dialog.Form_Load();
         QCOMPARE(QStringList({ r.model.txtMaxTemp.caption(), r.model.txtMinTemp.caption(),
                      r.model.txtHighLimit.caption(), r.model.txtLowLimit.caption() }),
@@ -207,14 +207,16 @@ private slots:
         // then puts the bar's whole degrees there.
         Rig r;
         QStringList seen;
-        TempBarSettingsController dialog(r.state, r.bar, r.model, r.prompter,
-            [&] { seen << r.state.SettingsValues[13] << r.state.SettingsValues[14]; });
+        TempBarSettingsController dialog(r.state, r.bar, r.model, r.prompter, [&] {
+            seen << r.state.SettingsValues.highAlarmLimit.text
+                 << r.state.SettingsValues.lowAlarmLimit.text;
+        });
         dialog.Form_Load();
         r.type("100", "0", "60.5", "20.25");
         dialog.cmdAccept_Click();
         QCOMPARE(seen, QStringList({ "60.5", "20.25" }));
-        QCOMPARE(r.state.SettingsValues[13], QStringLiteral("60"));
-        QCOMPARE(r.state.SettingsValues[14], QStringLiteral("20"));
+        QCOMPARE(r.state.SettingsValues.highAlarmLimit.text, QStringLiteral("60"));
+        QCOMPARE(r.state.SettingsValues.lowAlarmLimit.text, QStringLiteral("20"));
     }
 
     void indicatorsOffStayHiddenAfterOk()
@@ -224,16 +226,16 @@ private slots:
         r.dialog.chkEnableAlarms_Click();
         QVERIFY(!r.bar.imageHighLimit.visible());
         QVERIFY(!r.bar.imageLowLimit.visible());
-        QCOMPARE(r.state.SettingsValues[15], QStringLiteral("0"));
+        QCOMPARE(r.state.SettingsValues.alarmLimitsOn.text, QStringLiteral("0"));
         r.type("100", "0", "70", "30");
         r.dialog.cmdAccept_Click();
         QVERIFY(!r.bar.imageHighLimit.visible());
         QVERIFY(!r.bar.imageLowLimit.visible());
-        QCOMPARE(r.state.SettingsValues[15], QStringLiteral("0"));
+        QCOMPARE(r.state.SettingsValues.alarmLimitsOn.text, QStringLiteral("0"));
         r.model.chkEnableAlarms.setChecked(true);
         r.dialog.chkEnableAlarms_Click();
         QVERIFY(r.bar.imageHighLimit.visible());
-        QCOMPARE(r.state.SettingsValues[15], QStringLiteral("1"));
+        QCOMPARE(r.state.SettingsValues.alarmLimitsOn.text, QStringLiteral("1"));
     }
 
     void audibleBoxWritesEntry22AtOnce()
@@ -241,20 +243,20 @@ private slots:
         Rig r;
         r.model.chkAudibleAlarms.setChecked(true);
         r.dialog.chkAudibleAlarms_Click();
-        QCOMPARE(r.state.SettingsValues[22], QStringLiteral("1"));
+        QCOMPARE(r.state.SettingsValues.audibleAlarms.text, QStringLiteral("1"));
         r.dialog.cmdCancel_Click();
-        QCOMPARE(r.state.SettingsValues[22], QStringLiteral("1"));
+        QCOMPARE(r.state.SettingsValues.audibleAlarms.text, QStringLiteral("1"));
         r.dialog.Form_Load();
         QVERIFY(r.model.chkAudibleAlarms.checked());
         r.model.chkAudibleAlarms.setChecked(false);
         r.dialog.chkAudibleAlarms_Click();
-        QCOMPARE(r.state.SettingsValues[22], QStringLiteral("0"));
+        QCOMPARE(r.state.SettingsValues.audibleAlarms.text, QStringLiteral("0"));
     }
 
     void cancelLeavesBarAndTable()
     {
         Rig r;
-        r.state.SettingsValues[11] = QStringLiteral("stale");
+        r.state.SettingsValues.tempBarMax.text = QStringLiteral("stale");
         r.type("500", "100", "400", "200");
         r.dialog.cmdCancel_Click();
         QCOMPARE(r.barValues(), QList<int>({ 100, 0, 85, 25 }));
@@ -293,16 +295,16 @@ private slots:
         Rig r;
         r.type("100", "0", "85", "x");
         for (int i = 11; i <= 14; ++i)
-            r.state.SettingsValues[size_t(i)] = QStringLiteral("old");
+            r.state.SettingsValues.setLine(i, QStringLiteral("old"));
         (r.dialog.*press)('7');
         QVERIFY(r.prompter.messages().empty());
-        QCOMPARE(r.state.SettingsValues[size_t(entry)], QStringLiteral("old"));
+        QCOMPARE(r.state.SettingsValues.line(entry), QStringLiteral("old"));
         (r.dialog.*press)(TempBarSettingsController::KeyEnter);
         QCOMPARE(r.prompter.titles(), QStringList({ "HIGH ALARM LIMIT ERROR" }));
-        QCOMPARE(r.state.SettingsValues[size_t(entry)], barText[entry - 11]);
+        QCOMPARE(r.state.SettingsValues.line(entry), barText[entry - 11]);
         for (int i = 11; i <= 14; ++i) {
             if (i != entry)
-                QCOMPARE(r.state.SettingsValues[size_t(i)], QStringLiteral("old"));
+                QCOMPARE(r.state.SettingsValues.line(i), QStringLiteral("old"));
         }
         QCOMPARE(r.closes.count(), 0);
 

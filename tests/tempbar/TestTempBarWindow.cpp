@@ -25,11 +25,11 @@ class TestTempBarWindow : public QObject {
         {
             app.tempBarWindow.setWindows(&windows);
             auto& v = app.state.SettingsValues;
-            v[11] = QStringLiteral("300");
-            v[12] = QStringLiteral("-20");
-            v[13] = QStringLiteral("250");
-            v[14] = QStringLiteral("10");
-            v[15] = QStringLiteral("0");
+            v.tempBarMax.text = QStringLiteral("300");
+            v.tempBarMin.text = QStringLiteral("-20");
+            v.highAlarmLimit.text = QStringLiteral("250");
+            v.lowAlarmLimit.text = QStringLiteral("10");
+            v.alarmLimitsOn.text = QStringLiteral("0");
         }
     };
 
@@ -88,10 +88,10 @@ private slots:
         QCOMPARE(r.app.bar.GetLowLimit(), qint16(10));
         QVERIFY(r.app.bar.IsAlarmOn());
         r.app.tempBarWindow.mnuViewTempBar_Click();
-        r.app.state.SettingsValues[15] = QStringLiteral("1");
+        r.app.state.SettingsValues.alarmLimitsOn.text = QStringLiteral("1");
         r.app.settings.ApplySettings();
         QVERIFY(r.app.bar.IsAlarmOn());
-        r.app.state.SettingsValues[15] = QStringLiteral("yes");
+        r.app.state.SettingsValues.alarmLimitsOn.text = QStringLiteral("yes");
         r.app.settings.ApplySettings();
         QVERIFY(!r.app.bar.IsAlarmOn());
     }
@@ -111,7 +111,7 @@ private slots:
     {
         QFETCH(QString, entry);
         Rig r;
-        r.app.state.SettingsValues[11] = entry;
+        r.app.state.SettingsValues.tempBarMax.text = entry;
         r.app.tempBarWindow.applySettings();
         QTEST(int(r.app.bar.GetMaxTemp()), "max");
     }
@@ -124,7 +124,7 @@ private slots:
         r.app.bar.EnableAlarmLimits(false);
         r.app.tempBarWindow.gatherSettings();
         const auto& v = r.app.state.SettingsValues;
-        QCOMPARE(QStringList({ v[11], v[12], v[13], v[14], v[15] }),
+        QCOMPARE(QStringList({ v.line(11), v.line(12), v.line(13), v.line(14), v.line(15) }),
             QStringList({ "400", "0", "85", "-5", "0" }));
     }
 

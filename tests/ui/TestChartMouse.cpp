@@ -12,7 +12,7 @@ using Axis = ChartSurface::Axis;
 struct PlotApp : PlotWindowApp {
     PlotApp()
     {
-        app.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
+        app.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         for (int i = 0; i < 40; ++i) {
             app.state.TimeInterval = 1.0f;
             qint16 reading = qint16(60 + i % 7);

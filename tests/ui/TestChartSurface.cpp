@@ -108,7 +108,7 @@ private slots:
         AppState state;
         MainWindowModel window;
         GraphingFunctions engine(rig.surface, state, window);
-        window.lblSystParameters(2).setCaption("2");
+        state.Instrument.interval = SamplingInterval("2");
         engine.InitializeChart();
         engine.ResetChartSeries();
         QCOMPARE(rig.surface.graph(1)->data()->size(), 0);
@@ -208,7 +208,7 @@ private slots:
         AppState state;
         MainWindowModel window;
         GraphingFunctions engine(rig.surface, state, window);
-        window.lblSystParameters(2).setCaption("1");
+        state.Instrument.interval = SamplingInterval("1");
         engine.InitializeChart();
         engine.ResetChartSeries();
         QSignalSpy replots(&rig.plot, &QCustomPlot::afterReplot);

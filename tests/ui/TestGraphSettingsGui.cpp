@@ -82,7 +82,7 @@ private slots:
             f.panel->findChild<QPushButton*>(QStringLiteral("cmdAccept")), Qt::LeftButton);
         QCOMPARE(f.rig.chart.axisMin(Axis::X), 5.0);
         QCOMPARE(f.rig.chart.axisMax(Axis::X), 45.5);
-        QCOMPARE(f.rig.app().state.SettingsValues[2], QStringLiteral("45.5"));
+        QCOMPARE(f.rig.app().state.SettingsValues.xAxisMax.text, QStringLiteral("45.5"));
 
         QTest::mouseClick(
             f.panel->findChild<QPushButton*>(QStringLiteral("cmdClose")), Qt::LeftButton);

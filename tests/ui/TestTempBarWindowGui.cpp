@@ -99,7 +99,7 @@ private slots:
         QCOMPARE(focused, QStringLiteral("txtLowLimit"));
         QVERIFY(stillOpen);
         QCOMPARE(f.rig.app().bar.GetLowLimit(), qint16(25));
-        QCOMPARE(f.rig.app().state.SettingsValues[14], QStringLiteral("25"));
+        QCOMPARE(f.rig.app().state.SettingsValues.lowAlarmLimit.text, QStringLiteral("25"));
     }
 
     void paintsAtAnySize_data()
@@ -155,8 +155,8 @@ private slots:
         QCOMPARE(seen,
             QStringList({ "TEMPERATURE BAR SETTINGS", "RANGE SETTINGS", "100", "txtMaxTemp" }));
         QCOMPARE(f.rig.app().bar.GetMaxTemp(), qint16(250));
-        QCOMPARE(f.rig.app().state.SettingsValues[11], QStringLiteral("250"));
-        QCOMPARE(f.rig.app().state.SettingsValues[22], QStringLiteral("0"));
+        QCOMPARE(f.rig.app().state.SettingsValues.tempBarMax.text, QStringLiteral("250"));
+        QCOMPARE(f.rig.app().state.SettingsValues.audibleAlarms.text, QStringLiteral("0"));
         QVERIFY(f.rig.prompter.messages().empty());
     }
 };
