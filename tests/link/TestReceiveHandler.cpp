@@ -145,7 +145,7 @@ private slots:
         }
         QCOMPARE(rig.chart.pointCount(1) - 1, readingsPlotted);
         QCOMPARE(a.store.text(), storeText);
-        QVERIFY(a.receiver.ReceiveLine.isEmpty());
+        QVERIFY(a.receiver.reader().pending().isEmpty());
     }
 
     void blankLineGuard_data()
@@ -290,11 +290,11 @@ private slots:
         AppRig rig;
         rig.app().main.lblSystParameters(2).setCaption(QStringLiteral("1"));
         rig.startSensing();
-        const QByteArray noise(4 * ReceiveHandler::MaxRecordLength, '7');
+        const QByteArray noise(4 * RecordReader::MaxRecordLength, '7');
         rig.feed(noise);
-        QCOMPARE(rig.app().receiver.ReceiveLine.size(), ReceiveHandler::MaxRecordLength);
+        QCOMPARE(rig.app().receiver.reader().pending().size(), RecordReader::MaxRecordLength);
         rig.feed("\x07  80\x07");
-        QVERIFY(rig.app().receiver.ReceiveLine.isEmpty());
+        QVERIFY(rig.app().receiver.reader().pending().isEmpty());
         QCOMPARE(rig.app().main.lblCurrentTemp.caption(), QStringLiteral("80"));
     }
 
