@@ -37,8 +37,6 @@ void SettingsFileIO::GatherSettings()
     auto& v = state_.SettingsValues;
     if (steps.gatherChart)
         steps.gatherChart(v);
-    if (steps.gatherTempBar)
-        steps.gatherTempBar(v);
     // A saved axis is never empty.
     if (v[0] == v[1])
         v[0] = Numbers::NumberText(Numbers::Val(v[0]) + 100);

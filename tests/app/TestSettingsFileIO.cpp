@@ -207,9 +207,8 @@ private slots:
             v[0] = v[1] = QStringLiteral("50");
             v[2] = v[3] = QStringLiteral("-7");
         };
-        io.steps.gatherTempBar
-            = [](SettingsFile::Values& v) { v[11] = QStringLiteral("from bar"); };
         auto& v = rig.app().state.SettingsValues;
+        v[11] = QStringLiteral("from bar");
         v[20] = QStringLiteral("512");
         v[22] = QStringLiteral("yes");
         v[4] = QStringLiteral("left");
