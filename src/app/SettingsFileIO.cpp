@@ -82,27 +82,27 @@ bool SettingsFileIO::LoadSettings(bool useDefaults)
 void SettingsFileIO::ApplySettings()
 {
     auto& v = state_.SettingsValues;
-    // 1, 2: axis bounds, Y title, appearance
+    // Axis bounds, Y title, appearance
     if (steps.applyChartAxes)
         steps.applyChartAxes(v);
-    // 3: entry 22 is read by the audible-alarms box and the beep timer where they stand.
-    // 4: the two chart flags; anything but "1" is off and is kept as "0"
+    // Entry 22 is read by the audible-alarms box and the beep timer where they stand.
+    // The two chart flags; anything but "1" is off and is kept as "0"
     if (steps.applyChartFlags)
         steps.applyChartFlags(v);
     for (int i : { 8, 21 }) {
         if (!isOn(v[i]))
             v[i] = QStringLiteral("0");
     }
-    // 5: the plotting mode
+    // The plotting mode
     main_.mnuAutoCompressed.setChecked(isOn(v[9]));
     main_.mnuRealTimeGraphOn.setChecked(isOn(v[10]));
-    // 6, 7: the temperature bar
+    // The temperature bar
     if (steps.applyTempBar)
         steps.applyTempBar(v);
-    // 8: the time unit
+    // The time unit
     if (steps.applyTimeUnit && !steps.applyTimeUnit(v))
         return;
-    // 9: the port number last, converted strictly: a non-numeric entry ends the apply here and
+    // The port number last, converted strictly: a non-numeric entry ends the apply here and
     // leaves the port unchanged.
     if (const auto port = Numbers::TextToInt16(v[19]))
         state_.CommPortNumber = *port;

@@ -7,8 +7,6 @@
 #include "base/Numbers.h"
 #include "base/Prompter.h"
 
-#include <stdexcept>
-
 namespace {
 using Axis = ChartSurface::Axis;
 
@@ -104,15 +102,12 @@ bool GraphSettingsController::fail(const QString& text, Control& focus)
 
 bool GraphSettingsController::applyX(double xMin, double xMax, bool minChanged)
 {
-    try {
-        if (engine_.IsXRangeOverWindow(xMin, xMax)) {
-            if (minChanged)
-                engine_.CalcXMaxForWindow(xMin, xMax);
-            else
-                engine_.CalcXMinForWindow(xMin, xMax);
-        }
-    } catch (const std::overflow_error&) {
-        return false;
+    if (engine_.IsXRangeOverWindow(xMin, xMax)) {
+        const auto bound = minChanged ? engine_.CalcXMaxForWindow(xMin, xMax)
+                                      : engine_.CalcXMinForWindow(xMin, xMax);
+        if (!bound)
+            return false;
+        (minChanged ? xMax : xMin) = *bound;
     }
     {
         ChartBatch batch(engine_.chart());
@@ -287,12 +282,9 @@ void GraphSettingsController::cmdAccept_Click()
 
     double xMin = Numbers::Val(minX);
     const double xMax = Numbers::Val(maxX);
-    try {
-        if (engine_.IsXRangeOverWindow(xMin, xMax))
-            engine_.CalcXMinForWindow(xMin, xMax);
-    } catch (const std::overflow_error&) {
-        // A spacing too wide for the window arithmetic: the range is taken as typed.
-    }
+    // A spacing too wide for the window arithmetic: the range is taken as typed.
+    if (engine_.IsXRangeOverWindow(xMin, xMax))
+        xMin = engine_.CalcXMinForWindow(xMin, xMax).value_or(xMin);
     const double yMin = Numbers::Val(minY);
     const double yMax = Numbers::Val(maxY);
     model_.txtMinX.setCaption(boxText(xMin));

@@ -6,7 +6,6 @@
 #include "base/Numbers.h"
 
 #include <limits>
-#include <stdexcept>
 
 namespace {
 using Axis = ChartSurface::Axis;
@@ -87,7 +86,7 @@ void GraphingFunctions::ResetChartSeries()
 
 bool GraphingFunctions::ChartHasPoints() const { return chart_.pointCount(ReadingSeries) != 1; }
 
-void GraphingFunctions::AddReadingToChart(qint16& reading)
+void GraphingFunctions::AddReadingToChart(qint16 reading)
 {
     const QString interval = mainWindow_.lblSystParameters(2).caption();
     if (interval.isEmpty() || interval == noInterval())
@@ -133,19 +132,18 @@ void GraphingFunctions::keepXWindowAhead(int pointCount)
 // moves up. An overflow of the window arithmetic leaves the range as it is.
 void GraphingFunctions::applyWindowRule()
 {
-    double xMin = chart_.axisMin(Axis::X);
+    const double xMin = chart_.axisMin(Axis::X);
     const double xMax = chart_.axisMax(Axis::X);
-    try {
-        if (!IsXRangeOverWindow(xMin, xMax))
-            return;
-        CalcXMinForWindow(xMin, xMax);
-    } catch (const std::overflow_error&) {
+    if (!IsXRangeOverWindow(xMin, xMax))
+        return;
+    const auto windowMin = CalcXMinForWindow(xMin, xMax);
+    if (!windowMin) {
         reportOverflow(QStringLiteral("THE 300-INTERVAL WINDOW WAS NOT APPLIED: "
                                       "THE POINT SPACING IS TOO LARGE."));
         return;
     }
     ChartBatch batch(chart_);
-    chart_.setAxisMin(Axis::X, xMin);
+    chart_.setAxisMin(Axis::X, *windowMin);
     chart_.setAxisMax(Axis::X, xMax);
     chart_.setAxisLabelFormat(Axis::X, labelFormat());
     chart_.setAxisLabelFormat(Axis::Y, labelFormat());

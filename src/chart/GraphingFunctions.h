@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 #include <utility>
 
 struct AppState;
@@ -18,11 +19,11 @@ class MainWindowModel;
 // A reading costs a constant number of chart operations plus a search of the newest X values:
 // the series is never walked while readings arrive.
 //
-// Arithmetic overflow (the 16-bit point spacing and window width, a 32-bit X bound) throws
-// std::overflow_error out of GetPointSpacing, CalcXMinForWindow and CalcXMaxForWindow, so their
-// callers abandon the one operation. AddReadingToChart and UpdateLimitLines catch it
-// themselves, leave the chart as it was (the reading is still plotted) and tell the operator
-// through the overflow notice.
+// Arithmetic overflow (the 16-bit point spacing and window width, a 32-bit X bound) gives an
+// empty result out of GetPointSpacing, CalcXMinForWindow and CalcXMaxForWindow, so their
+// callers abandon the one operation. AddReadingToChart and UpdateLimitLines then leave the
+// chart as it was (the reading is still plotted) and tell the operator through the overflow
+// notice.
 //
 // The source files follow the engine's seams: GraphingFunctions.cpp (series, readings, show
 // all), ChartScrolling.cpp, AxisWindow.cpp (the 300-interval window rule) and LimitLines.cpp.
@@ -78,7 +79,7 @@ public:
     // time unit in place, after moving the X window on as the plotting mode says and cutting it
     // back to the 300-interval window. Dropped when the interval label is empty or reads
     // "NO-INT".
-    void AddReadingToChart(qint16& reading);
+    void AddReadingToChart(qint16 reading);
     // X from 0 to the newest reading, Y from 90 % of the lowest to 110 % of the highest reading.
     void ShowAllPoints();
 
@@ -90,10 +91,14 @@ public:
     void ScrollYDown();
 
     // The window rule (AxisWindow.cpp).
-    qint16 GetPointSpacing() const;
-    bool IsXRangeOverWindow(const double& xMin, const double& xMax) const;
-    void CalcXMinForWindow(double& xMin, const double& xMax) const;
-    void CalcXMaxForWindow(const double& xMin, double& xMax) const;
+    // The X step between readings 1 and 2 (0 with fewer than two readings); nothing when it
+    // does not fit 16 bits.
+    std::optional<qint16> GetPointSpacing() const;
+    bool IsXRangeOverWindow(double xMin, double xMax) const;
+    // The bound that makes the window end at xMax (start at xMin): the given one when the
+    // readings have no spacing, nothing when the window arithmetic overflows.
+    std::optional<double> CalcXMinForWindow(double xMin, double xMax) const;
+    std::optional<double> CalcXMaxForWindow(double xMin, double xMax) const;
     // The reading series was rewritten other than by AddReadingToChart (a plot loaded, say).
     void SeriesReplaced();
 

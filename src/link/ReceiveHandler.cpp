@@ -233,9 +233,8 @@ void ReceiveHandler::LoadParameterBlock(const QString& block)
         const auto rounded = Numbers::ToInt16(reading.value);
         if (reading.valid && rounded
             && (main_.mnuRealTimeGraphOn.checked() || main_.mnuAutoCompressed.checked())) {
-            qint16 temperature = *rounded;
-            chart_.AddReadingToChart(temperature);
-            acquisition_.liveLog().writeReading(clock_.nowUtc(), temperature);
+            chart_.AddReadingToChart(*rounded);
+            acquisition_.liveLog().writeReading(clock_.nowUtc(), *rounded);
         }
     }
 }
