@@ -104,8 +104,7 @@ void ControlTesterController::sldReading_Change(int value)
     ensureBarShown();
     const int reading = std::clamp(value, model_.readingMin(), model_.readingMax());
     model_.setSlider(model_.readingMin(), model_.readingMax(), reading);
-    qint16 t = qint16(reading);
-    bar_.SetTemp(t);
+    bar_.SetTemp(qint16(reading));
     refresh();
 }
 

@@ -110,8 +110,7 @@ void DemoController::startSweep()
 
 void DemoController::showSweepStep()
 {
-    qint16 t = qint16(SweepReading(step_, SweepSteps, low_, high_));
-    bar_.SetTemp(t);
+    bar_.SetTemp(qint16(SweepReading(step_, SweepSteps, low_, high_)));
     if (!state_.SystemStatusVisible)
         return;
     const IRSystem::State wanted = SweepState(step_, SweepSteps);

@@ -34,8 +34,6 @@ void SettingsFileIO::GatherSettings()
     Settings& s = state_.SettingsValues;
     if (steps.gatherChart)
         steps.gatherChart(s);
-    if (steps.gatherTempBar)
-        steps.gatherTempBar(s);
     // A saved axis is never empty.
     if (s.yAxisMax.text == s.yAxisMin.text)
         s.yAxisMax.text = Numbers::NumberText(s.yAxisMax.value() + 100);

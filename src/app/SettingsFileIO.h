@@ -22,9 +22,8 @@ struct SettingsSteps {
     // 16 (time unit and X title); false ends the apply there, as a conversion error would.
     std::function<bool(Settings&)> applyTimeUnit;
 
-    // Gather:
+    // Gather (the bar's entries 11 to 15 are left as they are):
     Step gatherChart; // 0 to 3, 6 to 8, 16 to 18, 21
-    Step gatherTempBar; // 11 to 15
 };
 
 // Moves the 23 settings entries between the live program and "Settings.dat". The program's own

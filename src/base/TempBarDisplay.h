@@ -6,7 +6,7 @@
 class TempBarDisplay {
 public:
     virtual ~TempBarDisplay() = default;
-    virtual void SetTemp(qint16& temperature) = 0;
+    virtual void SetTemp(qint16 temperature) = 0;
     virtual void ClearTemp() = 0;
     virtual void SetUnitsDegF() = 0;
     virtual void SetUnitsDegC() = 0;

@@ -13,7 +13,6 @@
 #include "base/Numbers.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace {
 using Axis = ChartSurface::Axis;
@@ -23,51 +22,51 @@ double rounded(const ChartSurface& chart, int point)
     return Numbers::RoundHalfEven(chart.x(GraphingFunctions::ReadingSeries, point));
 }
 
-qint16 windowWidth(qint16 spacing)
+std::optional<qint16> windowWidth(qint16 spacing)
 {
     const int w = int(spacing) * GraphingFunctions::MaxWindowPoints;
     if (w > 32767 || w < -32768)
-        throw std::overflow_error("window width beyond 16 bits");
+        return std::nullopt;
     return qint16(w);
 }
 
 QString windowFormat() { return QStringLiteral("0.#"); }
 } // namespace
 
-qint16 GraphingFunctions::GetPointSpacing() const
+std::optional<qint16> GraphingFunctions::GetPointSpacing() const
 {
     if (!ChartHasPoints())
         return 0;
     const int n = chart_.pointCount(ReadingSeries);
     if (n < 3)
         return 0;
-    const auto d = Numbers::ToInt16(chart_.x(ReadingSeries, 2) - chart_.x(ReadingSeries, 1));
-    if (!d)
-        throw std::overflow_error("point spacing beyond 16 bits");
-    return *d;
+    return Numbers::ToInt16(chart_.x(ReadingSeries, 2) - chart_.x(ReadingSeries, 1));
 }
 
-void GraphingFunctions::CalcXMinForWindow(double& xMin, const double& xMax) const
+std::optional<double> GraphingFunctions::CalcXMinForWindow(double xMin, double xMax) const
 {
-    const qint16 d = GetPointSpacing();
+    const auto d = GetPointSpacing();
     if (d == 0)
-        return;
-    const qint16 w = windowWidth(d);
-    xMin = Numbers::Val(Numbers::Format(xMax - w, windowFormat()));
-    if (xMin <= 0)
-        xMin = 0;
+        return xMin;
+    const auto w = d ? windowWidth(*d) : std::nullopt;
+    if (!w)
+        return std::nullopt;
+    xMin = Numbers::Val(Numbers::Format(xMax - *w, windowFormat()));
+    return xMin <= 0 ? 0 : xMin;
 }
 
-void GraphingFunctions::CalcXMaxForWindow(const double& xMin, double& xMax) const
+std::optional<double> GraphingFunctions::CalcXMaxForWindow(double xMin, double xMax) const
 {
-    const qint16 d = GetPointSpacing();
+    const auto d = GetPointSpacing();
     if (d == 0)
-        return;
-    const qint16 w = windowWidth(d);
-    xMax = Numbers::Val(Numbers::Format(w + xMin, windowFormat()));
+        return xMax;
+    const auto w = d ? windowWidth(*d) : std::nullopt;
+    if (!w)
+        return std::nullopt;
+    return Numbers::Val(Numbers::Format(*w + xMin, windowFormat()));
 }
 
-bool GraphingFunctions::IsXRangeOverWindow(const double& xMin, const double& xMax) const
+bool GraphingFunctions::IsXRangeOverWindow(double xMin, double xMax) const
 {
     if (!ChartHasPoints())
         return false;

@@ -93,11 +93,10 @@ void ChartCursor::frmMarkerData_Unload()
 
 CursorPoint ChartCursor::showReadout(double x, bool needPoint)
 {
-    qint16 hasData = 0;
-    double at = x;
-    data_.lblTemp.setCaption(CursorReadout(chart_, at, hasData));
+    const CursorText readout = CursorReadout(chart_, x);
+    data_.lblTemp.setCaption(readout.text);
     data_.lblTime.setCaption(
-        hasData ? Numbers::Format(x, QStringLiteral("0.00")) : QStringLiteral("NO DATA"));
+        readout.hasData ? Numbers::Format(x, QStringLiteral("0.00")) : QStringLiteral("NO DATA"));
     // The measurement needs the value itself, not its text.
     return needPoint ? CursorPointAt(chart_, x) : CursorPoint {};
 }

@@ -44,17 +44,16 @@ CursorPoint CursorPointAt(const ChartSurface& chart, double x)
     return { Kind::NoData, 0.0 };
 }
 
-QString CursorReadout(const ChartSurface& chart, double& x, qint16& hasData)
+CursorText CursorReadout(const ChartSurface& chart, double x)
 {
     const CursorPoint point = CursorPointAt(chart, x);
-    hasData = point.kind == CursorPoint::Kind::Data ? 1 : 0;
     switch (point.kind) {
     case CursorPoint::Kind::Data:
-        return Numbers::Format(point.y, QStringLiteral("0.00"));
+        return { Numbers::Format(point.y, QStringLiteral("0.00")), true };
     case CursorPoint::Kind::OffChart:
-        return QStringLiteral("OFF CHART");
+        return { QStringLiteral("OFF CHART"), false };
     case CursorPoint::Kind::NoData:
         break;
     }
-    return QStringLiteral("NO DATA");
+    return { QStringLiteral("NO DATA"), false };
 }

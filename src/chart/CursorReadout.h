@@ -20,6 +20,9 @@ struct CursorPoint {
 CursorPoint CursorPointAt(const ChartSurface& chart, double x);
 
 // The temperature under the chart's cursor at x, for the CURSOR DATA window: CursorPointAt's
-// value with "0.00", "OFF CHART" or "NO DATA". hasData is set to 1 when the cursor stands over
-// data, else 0.
-QString CursorReadout(const ChartSurface& chart, double& x, qint16& hasData);
+// value with "0.00", "OFF CHART" or "NO DATA", and whether the cursor stands over data.
+struct CursorText {
+    QString text;
+    bool hasData = false;
+};
+CursorText CursorReadout(const ChartSurface& chart, double x);

@@ -7,8 +7,6 @@
 #include "base/Numbers.h"
 #include "base/Prompter.h"
 
-#include <stdexcept>
-
 namespace {
 using Axis = ChartSurface::Axis;
 
@@ -98,16 +96,13 @@ bool GraphSettingsController::fail(const QString& text, Control& focus)
 
 void GraphSettingsController::applyX(double xMin, double xMax, bool minChanged)
 {
-    try {
-        if (engine_.IsXRangeOverWindow(xMin, xMax)) {
-            if (minChanged)
-                engine_.CalcXMaxForWindow(xMin, xMax);
-            else
-                engine_.CalcXMinForWindow(xMin, xMax);
-        }
-    } catch (const std::overflow_error&) {
-        // A spacing too wide for the window arithmetic: the range is taken as it stands.
-        engine_.ReportWindowOverflow();
+    if (engine_.IsXRangeOverWindow(xMin, xMax)) {
+        const auto bound = minChanged ? engine_.CalcXMaxForWindow(xMin, xMax)
+                                      : engine_.CalcXMinForWindow(xMin, xMax);
+        if (bound)
+            (minChanged ? xMax : xMin) = *bound;
+        else // a spacing too wide for the window arithmetic: the range is taken as it stands
+            engine_.ReportWindowOverflow();
     }
     {
         ChartBatch batch(engine_.chart());
@@ -280,12 +275,11 @@ void GraphSettingsController::cmdAccept_Click()
 
     double xMin = Numbers::Val(minX);
     const double xMax = Numbers::Val(maxX);
-    try {
-        if (engine_.IsXRangeOverWindow(xMin, xMax))
-            engine_.CalcXMinForWindow(xMin, xMax);
-    } catch (const std::overflow_error&) {
-        // A spacing too wide for the window arithmetic: the range is taken as typed.
-        engine_.ReportWindowOverflow();
+    if (engine_.IsXRangeOverWindow(xMin, xMax)) {
+        if (const auto windowMin = engine_.CalcXMinForWindow(xMin, xMax))
+            xMin = *windowMin;
+        else // a spacing too wide for the window arithmetic: the range is taken as typed
+            engine_.ReportWindowOverflow();
     }
     const double yMin = Numbers::Val(minY);
     const double yMax = Numbers::Val(maxY);

@@ -7,7 +7,6 @@
 
 #include <cmath>
 #include <limits>
-#include <stdexcept>
 
 namespace {
 using Axis = ChartSurface::Axis;
@@ -79,7 +78,7 @@ void GraphingFunctions::ResetChartSeries()
 
 bool GraphingFunctions::ChartHasPoints() const { return chart_.pointCount(ReadingSeries) != 1; }
 
-void GraphingFunctions::AddReadingToChart(qint16& reading)
+void GraphingFunctions::AddReadingToChart(qint16 reading)
 {
     if (!state_.Instrument.interval.isGiven())
         return;
@@ -132,12 +131,12 @@ void GraphingFunctions::keepXWindowAhead(int pointCount)
 // moves up. An overflow of the window arithmetic leaves the range as it is.
 void GraphingFunctions::applyWindowRule(double& xMin, double xMax)
 {
-    try {
-        if (IsXRangeOverWindow(xMin, xMax))
-            CalcXMinForWindow(xMin, xMax);
-    } catch (const std::overflow_error&) {
+    if (!IsXRangeOverWindow(xMin, xMax))
+        return;
+    if (const auto windowMin = CalcXMinForWindow(xMin, xMax))
+        xMin = *windowMin;
+    else
         ReportWindowOverflow();
-    }
 }
 
 GraphingFunctions::Ranges GraphingFunctions::shownRanges() const

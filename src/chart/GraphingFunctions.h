@@ -19,11 +19,11 @@ class MainWindowModel;
 // A reading costs a constant number of chart operations plus a search of the newest X values:
 // the series is never walked while readings arrive.
 //
-// Arithmetic overflow (the 16-bit point spacing and window width) throws std::overflow_error out
-// of GetPointSpacing, CalcXMinForWindow and CalcXMaxForWindow, so their callers take the range
-// as it stands. AddReadingToChart catches it itself, leaves the range as it was (the reading is
-// still plotted) and tells the operator through the overflow notice; the graph settings panel
-// says the same through ReportWindowOverflow.
+// Arithmetic overflow (the 16-bit point spacing and window width) gives an empty result out of
+// GetPointSpacing, CalcXMinForWindow and CalcXMaxForWindow, so their callers take the range as
+// it stands. AddReadingToChart then leaves the range as it was (the reading is still plotted)
+// and tells the operator through the overflow notice; the graph settings panel says the same
+// through ReportWindowOverflow.
 //
 // The operator's own view (a zoom, a drag, SHOW ALL POINTS) is held: from HoldView until
 // ReleaseView the engine keeps the live X and Y ranges apart from the ranges on show. Readings
@@ -78,11 +78,11 @@ public:
     // True unless the reading series holds exactly its empty slot.
     bool ChartHasPoints() const;
     // Plots one reading at the previous X plus TimeInterval, which is converted to the current
-    // time unit in place, after moving the live X range on as the plotting mode says: the strip
-    // chart pages and is cut back to the 300-interval window; compressed mode keeps the whole
-    // record, X from 0 and the maximum doubled once the newest reading reaches it. Dropped when
-    // the interval label is empty or reads "NO-INT".
-    void AddReadingToChart(qint16& reading);
+    // time unit, after moving the live X range on as the plotting mode says: the strip chart
+    // pages and is cut back to the 300-interval window; compressed mode keeps the whole record,
+    // X from 0 and the maximum doubled once the newest reading reaches it. Dropped when no
+    // interval is known.
+    void AddReadingToChart(qint16 reading);
     // X from 0 to the newest reading, Y from 90 % of the lowest to 110 % of the highest reading.
     // A single reading keeps the X width, from 0.
     void ShowAllPoints();
@@ -104,10 +104,14 @@ public:
     void ScrollYDown();
 
     // The window rule (AxisWindow.cpp).
-    qint16 GetPointSpacing() const;
-    bool IsXRangeOverWindow(const double& xMin, const double& xMax) const;
-    void CalcXMinForWindow(double& xMin, const double& xMax) const;
-    void CalcXMaxForWindow(const double& xMin, double& xMax) const;
+    // The X step between readings 1 and 2 (0 with fewer than two readings); nothing when it
+    // does not fit 16 bits.
+    std::optional<qint16> GetPointSpacing() const;
+    bool IsXRangeOverWindow(double xMin, double xMax) const;
+    // The bound that makes the window end at xMax (start at xMin): the given one when the
+    // readings have no spacing, nothing when the window arithmetic overflows.
+    std::optional<double> CalcXMinForWindow(double xMin, double xMax) const;
+    std::optional<double> CalcXMaxForWindow(double xMin, double xMax) const;
     // The reading series was rewritten other than by AddReadingToChart (a plot loaded, say).
     void SeriesReplaced();
 

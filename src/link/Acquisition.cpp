@@ -156,25 +156,25 @@ void Acquisition::beginDownloadMode()
 
 void Acquisition::mnuStop_Click()
 {
-    // 1
+    // The beep and the status display stop.
     tmrBeep_.stop();
     if (state_.SystemStatusVisible)
         windows_.statusSetToIdle();
-    // 2
+    // The readout goes and the run's files close.
     main_.lblStatCurrentTemp.setVisible(false);
     lastObtained_.close();
     liveLog_.close();
     main_.lblCurrentTemp.setCaption(QString());
-    // 3
+    // The watchdog stops and the port closes.
     tmrCheckTransmission_.stop();
     AcquireData(false);
-    // 4
+    // Back to idle: a download under way in the stored points window ends.
     main_.mnuSystemSetup.setEnabled(true);
     main_.mnuSearchForIR.setChecked(false);
     if (state_.DownloadFromWindow && storedPoints_ && storedPoints_->isReceiving())
         storedPoints_->cmdStartDownload_Click();
     main_.mnuDownloadData.setChecked(false);
-    // 5
+    // The menus come back.
     for (Control* item : { &main_.mnuSavePlotToFile, &main_.mnuLoadPlotFile, &main_.mnuShowAllPts,
              &main_.mnuClearChart, &main_.mnuCopyChart, &main_.mnuDownloadData })
         item->setEnabled(true);
@@ -183,17 +183,17 @@ void Acquisition::mnuStop_Click()
     for (Control* item : { &main_.mnuTextStamp, &main_.mnuNewAcquiredDataPoints, &main_.mnuFile,
              &main_.mnuAbout, &main_.mnuCharting })
         item->setEnabled(true);
-    // 6
+    // The port is closed whatever happened above, and the bar empties.
     if (port_.isOpen())
         port_.close();
     if (state_.TempBarVisible) {
         if (TempBarDisplay* bar = windows_.tempBar())
             bar->ClearTemp();
     }
-    // 7
+    // The plot not yet saved is offered for saving.
     if (chart_.ChartHasPoints() && !state_.PlotSaved)
         windows_.offerToSavePlot();
-    // 8
+    // The graph settings panel can be used again.
     if (state_.GraphSettingsOpen)
         windows_.setChartSettingsInputsEnabled(true);
 }

@@ -9,8 +9,6 @@ IRSystem::IRSystem(QObject* parent)
     connect(&tmrIRGraphics_, &QTimer::timeout, this, &IRSystem::tmrIRGraphics_Timer);
 }
 
-void IRSystem::SetProjectPath(const QString& path) { ProjectPath = path; }
-
 void IRSystem::keepOldState()
 {
     if (CurrentState != Idle) {

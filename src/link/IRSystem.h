@@ -34,7 +34,6 @@ public:
 
     explicit IRSystem(QObject* parent = nullptr);
 
-    void SetProjectPath(const QString& path);
     void ScanForIrSystem();
     void SenseTemperature();
     void DownloadIRData();
@@ -54,7 +53,6 @@ public:
     // Only a change away from a non-idle state records the state it left.
     qint16 OldState = Idle;
     bool StateChanged = false;
-    QString ProjectPath;
 
     // What the view draws.
     QString caption() const { return caption_; }

@@ -1,6 +1,6 @@
 #include "InstrumentSearch.h"
 
-#include "ReceiveHandler.h"
+#include "RecordParser.h"
 #include "SerialPort.h"
 
 #include <algorithm>

@@ -16,59 +16,12 @@
 #include "store/DataPointStore.h"
 #include "store/LastObtainedFile.h"
 
-#include <QRegularExpression>
-
 using namespace StringUtils;
 
 namespace {
 const QString HaltedLines = QStringLiteral(
     "\r\nPROGRAM HAS BEEN HALTED,\r\nPLEASE CHECK YOUR DESIRED MODE, AND RESUME OPERATION.");
-const QString TwoSpaces = QStringLiteral("  ");
 } // namespace
-
-RealTimeReading ParseRealTimeReading(const QString& line)
-{
-    RealTimeReading reading;
-    if (line.isEmpty())
-        return reading;
-    QString field = line;
-    if (line.size() >= 13) {
-        const QString tabbed = SpacesToTabs(line);
-        const qsizetype tab = tabbed.indexOf(Tab);
-        field = tab < 0 ? tabbed : tabbed.left(tab);
-    }
-    reading.valid = Numbers::IsNumeric(field);
-    reading.value = Numbers::Val(field);
-    return reading;
-}
-
-QString ParameterValuePart(const QString& field)
-{
-    const QString text = StripControlCharacters(field);
-    qsizetype runEnd = -1;
-    for (qsizetype i = text.size() - 1; i > 0; --i) {
-        if (text.at(i) == QLatin1Char(' ') && text.at(i - 1) == QLatin1Char(' ')) {
-            runEnd = i + 1;
-            break;
-        }
-    }
-    return (runEnd < 0 ? text : text.mid(runEnd)).trimmed();
-}
-
-QString FormatStoredRecord(const QString& record)
-{
-    if (record == TwoSpaces)
-        return CrLf + Tab;
-    static const QRegularExpression blankRun(QStringLiteral(" {2,}"));
-    static const QRegularExpression columnBreak(QStringLiteral("[ \\t]*\\t[ \\t]*"));
-    QString out = record;
-    out.replace(QLatin1Char('#'), QStringLiteral("\t#"));
-    out.replace(blankRun, QStringLiteral("\t"));
-    out.replace(columnBreak, QStringLiteral("\t"));
-    while (out.endsWith(Tab))
-        out.chop(1);
-    return out;
-}
 
 ReceiveHandler::ReceiveHandler(AppState& state, MainWindowModel& main, SerialPort& port,
     Acquisition& acquisition, GraphingFunctions& chart, DataPointStore& store, Prompter& prompter,
@@ -87,12 +40,8 @@ ReceiveHandler::ReceiveHandler(AppState& state, MainWindowModel& main, SerialPor
 
 void ReceiveHandler::clearReceiveMembers()
 {
-    ReceiveLine.clear();
-    ParameterBlockFlag = false;
-    BlankLineArmed = false;
-    BlankLineCount = 0;
-    ParameterBlockText.clear();
-    PendingPrefix.clear();
+    reader_.clear();
+    blankLines_.clear();
 }
 
 void ReceiveHandler::pump()
@@ -115,112 +64,72 @@ void ReceiveHandler::pump()
 
 void ReceiveHandler::IR_Comm_OnComm(char c)
 {
-    // 1, 2
+    // Every character renews the watchdog's time; data flowing ends the "waiting" display.
     MarkReceiveTime(state_, clock_);
     if (state_.SystemStatusVisible && main_.mnuSenseTemperature.checked())
         windows_.unloadSystemStatusWindow();
-    // 3 to 5
-    const QChar ch = QLatin1Char(c);
-    if (ch == Vt)
-        ParameterBlockFlag = true;
-    if (ch != Bel) {
-        if (ReceiveLine.size() >= MaxRecordLength)
-            return;
-        if (!ParameterBlockFlag && (ch == Cr || ch == Lf))
-            ReceiveLine += QLatin1Char(' ');
-        else
-            ReceiveLine += ch;
-        return;
-    }
-    finishRecord();
+    if (std::optional<Record> record = reader_.feed(c))
+        finishRecord(std::move(*record));
 }
 
-bool ReceiveHandler::haltOnModeError(const QString& title, const QString& cause)
+void ReceiveHandler::haltOnModeError(ModeError error)
 {
     if (port_.isOpen())
         port_.close();
-    ReceiveLine.clear();
-    acquisition_.halt(title, cause + HaltedLines);
-    return true;
+    if (error == ModeError::StoredWhileRealTime)
+        acquisition_.halt(QStringLiteral("RECEIVED STORED DATA WHILE IN REAL TIME MODE"),
+            QStringLiteral("RECEIVED A MEMORY STORED DATAPOINT FROM THE IR-SYSTEM.") + HaltedLines);
+    else
+        acquisition_.halt(
+            QStringLiteral("RECEIVED REAL TIME DATA WHILE IN DOWNLOAD STORED DATA MODE"),
+            QStringLiteral("RECEIVED A REAL TIME DATAPOINT FROM THE IR-SYSTEM.") + HaltedLines);
 }
 
-void ReceiveHandler::finishRecord()
+void ReceiveHandler::finishRecord(Record record)
 {
     const bool download = main_.mnuDownloadData.checked();
 
-    // 6: the blank-line guard
-    if (BlankLineArmed) {
-        if (!ReceiveLine.isEmpty()) {
-            BlankLineArmed = false;
-            BlankLineCount = 0;
-        } else if (BlankLineCount < 32767) {
-            ++BlankLineCount;
-        }
-    }
-    if (ReceiveLine.isEmpty() && !download)
-        BlankLineArmed = true;
-    if (BlankLineCount >= 5) {
-        ReceiveLine.clear();
+    if (blankLines_.halts(record.text.isEmpty(), download)) {
+        record.text.clear();
         acquisition_.halt(QStringLiteral("RECEIVING BLANK LINES AS DATA."),
             QStringLiteral("IR SYSTEM IS SENDING BLANK LINES.") + HaltedLines);
     }
 
-    // 7: the mode check
-    const bool stored = IsStoredDataPoint(ReceiveLine);
-    if (stored && main_.mnuSenseTemperature.checked()) {
-        haltOnModeError(QStringLiteral("RECEIVED STORED DATA WHILE IN REAL TIME MODE"),
-            QStringLiteral("RECEIVED A MEMORY STORED DATAPOINT FROM THE IR-SYSTEM."));
-        return;
-    }
-    if (!stored && main_.mnuDownloadData.checked() && !ReceiveLine.isEmpty()
-        && ReceiveLine != TwoSpaces) {
-        haltOnModeError(
-            QStringLiteral("RECEIVED REAL TIME DATA WHILE IN DOWNLOAD STORED DATA MODE"),
-            QStringLiteral("RECEIVED A REAL TIME DATAPOINT FROM THE IR-SYSTEM."));
-        return;
-    }
-
-    // 8
-    if (!ParameterBlockFlag && !PendingPrefix.isEmpty()) {
-        ReceiveLine += TwoSpaces + PendingPrefix;
-        PendingPrefix.clear();
-    }
-
-    // 9: a real-time reading; one that does not fit 16 bits counts as not numeric
+    // The modes are read after the guard: its halt has ended them.
     const bool realTime = main_.mnuSenseTemperature.checked();
-    bool valid = false;
-    qint16 temperature = 0;
-    if (realTime) {
-        const RealTimeReading reading = ParseRealTimeReading(ReceiveLine);
-        const auto rounded = Numbers::ToInt16(reading.value);
-        valid = reading.valid && rounded.has_value();
-        temperature = rounded.value_or(0);
-        if (state_.TempBarVisible) {
-            if (TempBarDisplay* bar = windows_.tempBar()) {
-                if (valid)
-                    bar->SetTemp(temperature);
-                else
-                    bar->ClearTemp();
-            }
+    const ParsedRecord parsed = ParseRecord(record, { realTime, main_.mnuDownloadData.checked() });
+    if (parsed.modeError != ModeError::None) {
+        // The refused record's block mark stays for the next record.
+        if (record.parameterBlock)
+            reader_.continueParameterBlock();
+        haltOnModeError(parsed.modeError);
+        return;
+    }
+
+    // The bar follows every record while sensing: its reading, or cleared.
+    if (realTime && state_.TempBarVisible) {
+        if (TempBarDisplay* bar = windows_.tempBar()) {
+            if (parsed.temperature)
+                bar->SetTemp(*parsed.temperature);
+            else
+                bar->ClearTemp();
         }
     }
 
-    // 10: the line in the last-obtained data file
-    if (realTime && !ParameterBlockFlag) {
+    // The line in the last-obtained data file
+    if (realTime && !record.parameterBlock) {
         if (state_.Instrument.interval.isGiven())
-            acquisition_.lastObtainedFile().writeLine(SpacesToTabs(ReceiveLine));
+            acquisition_.lastObtainedFile().writeLine(SpacesToTabs(record.text));
     }
 
-    // 11: what the record is
-    if (ParameterBlockFlag && !download) {
-        ParameterBlockText = ReceiveLine;
-        LoadParameterBlock(ParameterBlockText);
-    } else if (!ParameterBlockFlag && !download && valid
+    if (record.parameterBlock && !download) {
+        LoadParameterBlock(record.text);
+    } else if (!record.parameterBlock && !download && parsed.temperature
         && (main_.mnuRealTimeGraphOn.checked() || main_.mnuAutoCompressed.checked())) {
-        showReading(temperature);
+        showReading(*parsed.temperature);
     }
 
-    // 12: the interval check
+    // The interval check: an unknown interval is told once, then reads "NO-INT".
     if (main_.mnuSenseTemperature.checked()) {
         SamplingInterval& interval = state_.Instrument.interval;
         if (!interval.isNone()) {
@@ -236,20 +145,15 @@ void ReceiveHandler::finishRecord()
         }
     }
 
-    // 13: a stored reading
+    // A stored reading, or an empty location, goes to the store.
     if (main_.mnuDownloadData.checked()) {
-        if (ReceiveLine.isEmpty())
+        if (record.text.isEmpty())
             store_.append(CrLf + QStringLiteral("EMPTY LOCATION - NO DATA.") + CrLf);
         else
-            store_.append(CrLf + FormatStoredRecord(ReceiveLine) + CrLf);
+            store_.append(CrLf + FormatStoredRecord(record.text) + CrLf);
         if (storedPoints_)
-            storedPoints_->showReceiving(ReceiveLine);
+            storedPoints_->showReceiving(record.text);
     }
-
-    // 14
-    ReceiveLine.clear();
-    ParameterBlockText.clear();
-    ParameterBlockFlag = false;
 }
 
 void ReceiveHandler::showReading(qint16 temperature)
@@ -326,16 +230,14 @@ void ReceiveHandler::LoadParameterBlock(const QString& block)
 
     const QString& first = state_.Instrument.ParameterFields[10];
     if (first.size() >= 10) {
-        PointCounter = 2;
         file.writeLine(QString(Tab));
         file.writeLine(first);
         const RealTimeReading reading = ParseRealTimeReading(first);
         const auto rounded = Numbers::ToInt16(reading.value);
         if (reading.valid && rounded
             && (main_.mnuRealTimeGraphOn.checked() || main_.mnuAutoCompressed.checked())) {
-            qint16 temperature = *rounded;
-            chart_.AddReadingToChart(temperature);
-            acquisition_.liveLog().writeReading(clock_.nowUtc(), temperature);
+            chart_.AddReadingToChart(*rounded);
+            acquisition_.liveLog().writeReading(clock_.nowUtc(), *rounded);
         }
     }
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "RecordParser.h"
+#include "RecordReader.h"
+
 #include <QString>
 
 struct AppState;
@@ -13,22 +16,10 @@ class Prompter;
 class SerialPort;
 class StoredPointsController;
 
-// A real-time reading as the instrument sends it: "  1234   DEG F" or the short "  75".
-struct RealTimeReading {
-    bool valid = false;
-    double value = 0.0;
-};
-RealTimeReading ParseRealTimeReading(const QString& line);
-// The value part of a parameter line: the text after the last run of two or more blanks,
-// trimmed; the whole line trimmed when there is no such run.
-QString ParameterValuePart(const QString& field);
-// How a downloaded record is laid out in the store: "#001   75   DEG F" becomes
-// "<tab>#001<tab>75<tab>DEG F", one line per record.
-QString FormatStoredRecord(const QString& record);
-
-// Assembles the characters from the instrument into records (ended by BEL), classifies each
-// record against the acquisition mode and hands it on: parameter block, real-time reading,
-// stored reading, blank record.
+// Applies the instrument's records to the program: RecordReader assembles them, ParseRecord says
+// what each is against the acquisition mode, and this hands it on: a mode error or blank lines
+// halt the acquisition; a parameter block is loaded; a reading goes to the bar, the readout with
+// its alarm colours and beep, the chart and the files; a stored point goes to the store.
 class ReceiveHandler {
 public:
     ReceiveHandler(AppState& state, MainWindowModel& main, SerialPort& port,
@@ -50,21 +41,12 @@ public:
     // Empties the record being assembled and the blank-line guard.
     void clearReceiveMembers();
 
-    // Characters beyond this in one record are dropped until the next BEL: a line that never
-    // ends cannot take all memory. Real records are under 200 characters.
-    static constexpr int MaxRecordLength = 64 * 1024;
-
-    QString ReceiveLine;
-    bool ParameterBlockFlag = false;
-    bool BlankLineArmed = false;
-    qint16 BlankLineCount = 0;
-    QString ParameterBlockText;
-    QString PendingPrefix;
-    qint16 PointCounter = 0;
+    // The record being assembled.
+    const RecordReader& reader() const { return reader_; }
 
 private:
-    void finishRecord();
-    bool haltOnModeError(const QString& title, const QString& cause);
+    void finishRecord(Record record);
+    void haltOnModeError(ModeError error);
     void showReading(qint16 temperature);
     void refreshParameterLabels();
 
@@ -78,5 +60,7 @@ private:
     Clock& clock_;
     AcquisitionWindows& windows_;
     StoredPointsController* storedPoints_ = nullptr;
+    RecordReader reader_;
+    BlankLineGuard blankLines_;
     bool pumping_ = false;
 };

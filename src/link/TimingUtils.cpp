@@ -4,17 +4,18 @@
 #include "base/AppState.h"
 #include "base/Clock.h"
 
-#include <exception>
+#include <new>
 
 void SetCommPort(SerialPort& port, qint16 number)
 {
+    // Taking the number only stores it: a port the system lacks shows when it is opened, not
+    // here. The one exception that can leave this path is an allocation failure while the open
+    // port closes; it too raises no message here.
     try {
         if (port.isOpen())
             port.close();
         port.setPortNumber(number);
-    } catch (const std::exception&) {
-        // A port that cannot take the number is reported when it is opened, not here.
-    } catch (...) {
+    } catch (const std::bad_alloc&) {
     }
 }
 

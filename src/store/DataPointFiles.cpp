@@ -2,7 +2,6 @@
 
 #include "DataPointStore.h"
 #include "base/AppState.h"
-#include "base/MainWindowModel.h"
 #include "base/StringUtils.h"
 
 #include <QFile>
@@ -36,10 +35,4 @@ DataPointFiles::Loaded LoadDataPointStorage(const AppState& state, DataPointStor
         return Loaded::Unreadable;
     store.setText(text);
     return Loaded::Yes;
-}
-
-void ClearSystemParameters(MainWindowModel& main)
-{
-    for (int i = 1; i < MainWindowModel::SystParameterCount; ++i)
-        main.lblSystParameters(i).setCaption(QString());
 }

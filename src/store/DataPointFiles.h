@@ -6,7 +6,6 @@
 
 struct AppState;
 class DataPointStore;
-class MainWindowModel;
 
 // The store's own work file, "DPStorage.dat": the stored points are kept in it when the stored
 // points window closes with data, and read back by the view of the downloaded points.
@@ -26,5 +25,3 @@ WholeFile::Result SaveDataPointStorage(
 // Replaces the store text with the non-empty lines of "DPStorage.dat", each ended by CR LF. A
 // missing, unreadable or too large file leaves the store as it is.
 DataPointFiles::Loaded LoadDataPointStorage(const AppState& state, DataPointStore& store);
-// Empties the nine instrument parameter labels before a new set arrives.
-void ClearSystemParameters(MainWindowModel& main);

@@ -84,8 +84,7 @@ void TempBar::UserControl_Initialize()
     MaxTemp = 100;
     HighLimit = 85;
     LowLimit = 25;
-    qint16 zero = 0;
-    SetTemp(zero);
+    SetTemp(0);
     SetMinTemp(MinTemp);
     SetMaxTemp(MaxTemp);
     SetHighLimit(HighLimit);
@@ -94,13 +93,9 @@ void TempBar::UserControl_Initialize()
     shpIndicator.setBackColor(Yellow);
 }
 
-void TempBar::SetProjPath(const QString& path) { ProjectPath = path; }
-
-void TempBar::SetTemp(qint16& temperature)
+void TempBar::SetTemp(qint16 t)
 {
-    const qint16 t = temperature;
-
-    // 1: the limit caption and its blinking
+    // The limit caption and its blinking
     if (!AutoRangeOn) {
         if (MinTemp <= t && t <= MaxTemp) {
             reapplyUnits();
@@ -118,7 +113,7 @@ void TempBar::SetTemp(qint16& temperature)
         }
     }
 
-    // 2: the fill colour; a reading on the high limit is still green, one on the low limit
+    // The fill colour; a reading on the high limit is still green, one on the low limit
     // already yellow
     if (AlarmLimitsOn) {
         if (t > HighLimit)
@@ -131,7 +126,7 @@ void TempBar::SetTemp(qint16& temperature)
         shpIndicator.setBackColor(Cyan);
     }
 
-    // 3: the bar's height
+    // The bar's height
     if (t > MaxTemp) {
         setIndicator(BarBottom - FullHeight, FullHeight);
         lblTempBar.setCaption(saturatedCaption());
@@ -147,8 +142,7 @@ void TempBar::SetTemp(qint16& temperature)
 
 void TempBar::ClearTemp()
 {
-    qint16 t = MinTemp;
-    SetTemp(t);
+    SetTemp(MinTemp);
     markDirty();
 }
 

@@ -66,8 +66,7 @@ public:
     // Back to the component's starting state: defaults, empty bar, yellow fill, degrees F.
     void UserControl_Initialize();
 
-    void SetProjPath(const QString& path);
-    void SetTemp(qint16& temperature) override;
+    void SetTemp(qint16 temperature) override;
     void ClearTemp() override;
     void SetMaxTemp(qint16 value);
     void EnableAlarmLimits(bool on);
@@ -89,7 +88,6 @@ public:
     bool blinking() const { return tmrBlinker_.isActive(); }
 
     qint16 unitsCode() const { return UnitsCode; }
-    const QString& projectPath() const { return ProjectPath; }
 
     // The bar (shpIndicator) in twips; its fill colour is shpIndicator's back colour.
     int indicatorTop() const { return indicatorTop_; }
@@ -131,7 +129,6 @@ private:
     qint16 UnitsCode = 1;
     bool AutoRangeOn = false;
     bool AlarmLimitsOn = true;
-    QString ProjectPath;
 
     int indicatorTop_ = BarBottom;
     int indicatorHeight_ = 0;

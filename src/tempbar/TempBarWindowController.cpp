@@ -27,7 +27,6 @@ void TempBarWindowController::mnuViewTempBar_Click()
     }
     state_.TempBarVisible = true;
     main_.mnuViewTempBar.setChecked(true);
-    bar_.SetProjPath(state_.ProgramDirectory);
     Form_Load();
     if (windows_)
         windows_->showTempBarWindow();

@@ -3,9 +3,7 @@
 #include "link/PortMap.h"
 
 #include <QFileInfo>
-#include <QSerialPortInfo>
 
-#include <algorithm>
 #include <poll.h>
 
 namespace {
@@ -182,15 +180,4 @@ std::shared_ptr<SerialPort> QtSerialPort::forDevice(const QString& device)
     auto probe = std::make_shared<Probe>();
     probe->map.setRunOverride(1, device);
     return std::shared_ptr<SerialPort>(probe, &probe->port);
-}
-
-QStringList QtSerialPort::availableDevices()
-{
-    QStringList devices;
-    const auto ports = QSerialPortInfo::availablePorts();
-    for (const QSerialPortInfo& info : ports)
-        devices << info.systemLocation();
-    std::sort(devices.begin(), devices.end());
-    devices.removeDuplicates();
-    return devices;
 }

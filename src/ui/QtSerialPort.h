@@ -39,8 +39,6 @@ public:
     // Characters received and not yet taken.
     qsizetype pendingCount() const { return buffer_.size() - offset_; }
 
-    // The serial devices the system reports, as paths ("/dev/ttyUSB0"), sorted.
-    static QStringList availableDevices();
     // A port of its own on `device` (as COM 1), for listening beside the program's port.
     static std::shared_ptr<SerialPort> forDevice(const QString& device);
 

@@ -38,7 +38,6 @@ void SystemStatusWindow::showEvent(QShowEvent* event)
     if (event->spontaneous() || state_.SystemStatusVisible)
         return;
     system_.reset();
-    system_.SetProjectPath(state_.ProgramDirectory);
     state_.SystemStatusVisible = true;
 }
 

@@ -5,7 +5,6 @@
 
 #include "store/DataPointFiles.h"
 #include "store/LiveLog.h"
-#include "store/TempDataTables.h"
 #include "xlsx/XlsxWorkbookWriter.h"
 
 #include <QDir>
@@ -183,8 +182,6 @@ private slots:
         QCOMPARE(file.mid(headerEnd + 4, 5),
             QByteArray("\x07"
                        "25\r\n"));
-        QVERIFY(
-            !TempData::ReadNumericLines(rig.path("LAST_OBTAINED_DATA_PTS.dat"))->contains(25.0));
 
         rig.prompter.files.push_back(rig.path("run.xlsx"));
         rig.app().files.mnuCreateExcelFile_Click();

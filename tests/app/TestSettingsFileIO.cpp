@@ -207,9 +207,8 @@ private slots:
             s.yAxisMax.text = s.yAxisMin.text = QStringLiteral("50");
             s.xAxisMax.text = s.xAxisMin.text = QStringLiteral("-7");
         };
-        io.steps.gatherTempBar
-            = [](Settings& s) { s.tempBarMax.text = QStringLiteral("from bar"); };
         auto& v = rig.app().state.SettingsValues;
+        v.tempBarMax.text = QStringLiteral("from bar");
         v.setLine(20, QStringLiteral("512"));
         v.audibleAlarms.text = QStringLiteral("yes");
         v.spare4.text = QStringLiteral("left");

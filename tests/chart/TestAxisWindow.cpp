@@ -7,7 +7,6 @@
 #include <QTest>
 #include <cmath>
 #include <limits>
-#include <stdexcept>
 
 namespace {
 using Axis = ChartSurface::Axis;
@@ -90,14 +89,14 @@ private slots:
         QFETCH(int, spacing);
         Engine e;
         e.setReadings(xs);
-        QCOMPARE(int(e.engine.GetPointSpacing()), spacing);
+        QCOMPARE(int(e.engine.GetPointSpacing().value_or(-1)), spacing);
     }
 
-    void spacingOverflowThrows()
+    void spacingOverflowGivesNothing()
     {
         Engine e;
         e.setReadings({ 0, 32768, 65536 });
-        QVERIFY_THROWS_EXCEPTION(std::overflow_error, e.engine.GetPointSpacing());
+        QVERIFY(!e.engine.GetPointSpacing());
     }
 
     void calcXMin_data()
@@ -122,9 +121,7 @@ private slots:
         QFETCH(double, xMin);
         Engine e;
         e.evenReadings(10, step);
-        double min = -7.0;
-        e.engine.CalcXMinForWindow(min, xMax);
-        QCOMPARE(min, xMin);
+        QCOMPARE(e.engine.CalcXMinForWindow(-7.0, xMax).value_or(-1), xMin);
     }
 
     void calcXMax_data()
@@ -144,29 +141,23 @@ private slots:
         QFETCH(double, xMax);
         Engine e;
         e.evenReadings(10, step);
-        double max = -7.0;
-        e.engine.CalcXMaxForWindow(xMin, max);
-        QCOMPARE(max, xMax);
+        QCOMPARE(e.engine.CalcXMaxForWindow(xMin, -7.0).value_or(-1), xMax);
     }
 
-    void windowProductOverflowThrows_data()
+    void windowProductOverflowGivesNothing_data()
     {
         QTest::addColumn<double>("step");
         QTest::newRow("110 units") << 110.0;
         QTest::newRow("-110 units") << -110.0;
         QTest::newRow("32767 units") << 32767.0;
     }
-    void windowProductOverflowThrows()
+    void windowProductOverflowGivesNothing()
     {
         QFETCH(double, step);
         Engine e;
         e.evenReadings(5, step);
-        double min = 1.0;
-        double max = 2.0;
-        QVERIFY_THROWS_EXCEPTION(std::overflow_error, e.engine.CalcXMinForWindow(min, 1000.0));
-        QVERIFY_THROWS_EXCEPTION(std::overflow_error, e.engine.CalcXMaxForWindow(10.0, max));
-        QCOMPARE(min, 1.0);
-        QCOMPARE(max, 2.0);
+        QVERIFY(!e.engine.CalcXMinForWindow(1.0, 1000.0));
+        QVERIFY(!e.engine.CalcXMaxForWindow(10.0, 2.0));
     }
 
     void overWindow_data()

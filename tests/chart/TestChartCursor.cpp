@@ -117,9 +117,9 @@ private slots:
         QFETCH(int, hasData);
         InMemoryChartSurface chart; // X 0..60
         putReadings(chart, readings);
-        qint16 flag = -7;
-        QCOMPARE(CursorReadout(chart, x, flag), text);
-        QCOMPARE(int(flag), hasData);
+        const CursorText readout = CursorReadout(chart, x);
+        QCOMPARE(readout.text, text);
+        QCOMPARE(int(readout.hasData), hasData);
     }
 
     void readoutSearchesInsteadOfWalking()
@@ -131,9 +131,8 @@ private slots:
         putReadings(chart, many);
         chart.setAxisMax(Axis::X, 50000);
         chart.reads = 0;
-        double x = 40000.25; // between readings 80000 and 80001
-        qint16 flag = 0;
-        QCOMPARE(CursorReadout(chart, x, flag), QStringLiteral("0.50"));
+        // Between readings 80000 and 80001.
+        QCOMPARE(CursorReadout(chart, 40000.25).text, QStringLiteral("0.50"));
         QVERIFY2(chart.reads < 50, qPrintable(QString::number(chart.reads)));
     }
 

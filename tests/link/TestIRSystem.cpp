@@ -223,8 +223,6 @@ private slots:
     {
         IRSystem system;
         run(system, "sense,ir,scan,comp");
-        system.SetProjectPath(QStringLiteral("/tmp/work"));
-        QCOMPARE(system.ProjectPath, QStringLiteral("/tmp/work"));
         system.reset();
         QCOMPARE(int(system.GetCurrentState()), 0);
         QCOMPARE(int(system.OldState), 0);

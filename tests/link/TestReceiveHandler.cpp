@@ -38,6 +38,51 @@ private slots:
         QCOMPARE(reading.value, value);
     }
 
+    // What a record is against the mode: kind, the mode error, the reading or why there is none.
+    void parseRecord_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("block");
+        QTest::addColumn<QString>("mode"); // "realtime", "download", "idle"
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("error");
+        QTest::addColumn<int>("fault");
+        QTest::addColumn<int>("temperature"); // -1: none
+        using K = RecordKind;
+        using E = ModeError;
+        using F = ReadingFault;
+        auto row = [](const char* name, const char* text, bool block, const char* mode, K kind,
+                       E error, F fault, int temperature) {
+            QTest::newRow(name) << QString(text) << block << QString(mode) << int(kind)
+                                << int(error) << int(fault) << temperature;
+        };
+        row("reading, half to even", "  74.5", false, "realtime", K::Reading, E::None, F::None, 74);
+        row("out of range", "  99999", false, "realtime", K::Reading, E::None, F::OutOfRange, -1);
+        row("blank", "", false, "realtime", K::Blank, E::None, F::NotNumeric, -1);
+        row("block", "\x0b  DEG F\r\n", true, "realtime", K::ParameterBlock, E::None, F::NotNumeric,
+            -1);
+        row("stored while sensing", "#001  75", true, "realtime", K::StoredPoint,
+            E::StoredWhileRealTime, F::None, -1);
+        row("reading while downloading", "  75", false, "download", K::Reading,
+            E::ReadingWhileDownload, F::None, -1);
+        row("bare CR LF while downloading", "  ", false, "download", K::Reading, E::None, F::None,
+            -1);
+        row("no reading outside sensing", "  75", false, "idle", K::Reading, E::None, F::None, -1);
+    }
+    void parseRecord()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, block);
+        QFETCH(QString, mode);
+        QFETCH(int, temperature);
+        const ParsedRecord parsed = ParseRecord({ text, block },
+            { mode == QLatin1String("realtime"), mode == QLatin1String("download") });
+        QTEST(int(parsed.kind), "kind");
+        QTEST(int(parsed.modeError), "error");
+        QTEST(int(parsed.fault), "fault");
+        QCOMPARE(int(parsed.temperature.value_or(-1)), temperature);
+    }
+
     void valuePart_data()
     {
         QTest::addColumn<QString>("field");
@@ -145,7 +190,7 @@ private slots:
         }
         QCOMPARE(rig.chart.pointCount(1) - 1, readingsPlotted);
         QCOMPARE(a.store.text(), storeText);
-        QVERIFY(a.receiver.ReceiveLine.isEmpty());
+        QVERIFY(a.receiver.reader().pending().isEmpty());
     }
 
     void blankLineGuard_data()
@@ -290,11 +335,11 @@ private slots:
         AppRig rig;
         rig.app().state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
-        const QByteArray noise(4 * ReceiveHandler::MaxRecordLength, '7');
+        const QByteArray noise(4 * RecordReader::MaxRecordLength, '7');
         rig.feed(noise);
-        QCOMPARE(rig.app().receiver.ReceiveLine.size(), ReceiveHandler::MaxRecordLength);
+        QCOMPARE(rig.app().receiver.reader().pending().size(), RecordReader::MaxRecordLength);
         rig.feed("\x07  80\x07");
-        QVERIFY(rig.app().receiver.ReceiveLine.isEmpty());
+        QVERIFY(rig.app().receiver.reader().pending().isEmpty());
         QCOMPARE(rig.app().main.lblCurrentTemp.caption(), QStringLiteral("80"));
     }
 

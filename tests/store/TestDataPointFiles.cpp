@@ -9,7 +9,6 @@
 #include "store/DataPointFiles.h"
 #include "store/DataPointStore.h"
 #include "store/LiveLog.h"
-#include "store/TempDataTables.h"
 #include "store/TextExport.h"
 
 #include <QDir>
@@ -95,100 +94,6 @@ private slots:
         QCOMPARE(LoadDataPointStorage(rig.state, rig.store), DataPointFiles::Loaded::Yes);
         QCOMPARE(rig.store.text().count(QStringLiteral("\r\n")), 40000);
         QVERIFY(rig.store.text().endsWith(QStringLiteral("199\r\n")));
-        // The numeric tables count in 16 bits: so many lines end the read with nothing.
-        rig.main.lblSystParameters(2).setCaption(QStringLiteral("1"));
-        const TempDataValues values = ReadTempDataValues(rig.state, rig.text);
-        QCOMPARE(values.count, qint16(0));
-        QVERIFY(values.values.isEmpty());
-        QCOMPARE(ReadTempDataTable(rig.state, rig.main, rig.text).count, qint16(0));
-    }
-
-    void numericLines_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QVector<double>>("values");
-        QTest::newRow("header lines skipped")
-            << QByteArray("\tBRANDOK\r\n\t\tDEG F\r\n75\r\n76.5\r\n")
-            << QVector<double> { 75, 76.5 };
-        QTest::newRow("blank lines skipped, not the end")
-            << QByteArray("1\r\n\r\n\r\n2\r\n") << QVector<double> { 1, 2 };
-        QTest::newRow("blanks around, sign and exponent")
-            << QByteArray("  12  \r\n-3\r\n1e3\r\n") << QVector<double> { 12, -3, 1000 };
-        QTest::newRow("stored points, empty locations and stamps are no readings") << QByteArray(
-            "\t#001\t75\r\n#002 76\r\nEMPTY LOCATION - NO DATA.\r\n\x07"
-            "25\r\n12abc\r\n.\r\n7\r\n") << QVector<double> { 7 };
-        QTest::newRow("LF only and no last line end")
-            << QByteArray("4\n5") << QVector<double> { 4, 5 };
-    }
-    void numericLines()
-    {
-        QFETCH(QByteArray, content);
-        QFETCH(QVector<double>, values);
-        QTemporaryDir dir;
-        const QString path = dir.filePath(TempData::FileName);
-        writeAll(path, content);
-        const auto read = TempData::ReadNumericLines(path);
-        QVERIFY(read.has_value());
-        QCOMPARE(*read, values);
-    }
-
-    void lineCountLimit_data()
-    {
-        QTest::addColumn<int>("lines");
-        QTest::addColumn<bool>("read");
-        QTest::newRow("32767 lines fit") << 32767 << true;
-        QTest::newRow("32768 lines overflow") << 32768 << false;
-    }
-    void lineCountLimit()
-    {
-        QFETCH(int, lines);
-        QFETCH(bool, read);
-        QTemporaryDir dir;
-        const QString path = dir.filePath(TempData::FileName);
-        writeAll(path, QByteArray("5\r\n").repeated(lines));
-        const auto values = TempData::ReadNumericLines(path);
-        QCOMPARE(values.has_value(), read);
-        if (read)
-            QCOMPARE(values->size(), lines);
-    }
-
-    void tempDataTable_data()
-    {
-        QTest::addColumn<QString>("interval");
-        QTest::addColumn<QVector<double>>("times");
-        QTest::newRow("interval 2") << "2" << QVector<double> { 0, 2, 4 };
-        QTest::newRow("interval 0.5") << "0.5" << QVector<double> { 0, 0.5, 1 };
-        QTest::newRow("unknown interval") << "NO-INT" << QVector<double> { 0, 0, 0 };
-        QTest::newRow("empty label") << "" << QVector<double> { 0, 0, 0 };
-    }
-    void tempDataTable()
-    {
-        QFETCH(QString, interval);
-        QFETCH(QVector<double>, times);
-        StoreRig rig;
-        rig.main.lblSystParameters(1).setCaption(QStringLiteral("DEG F"));
-        rig.main.lblSystParameters(2).setCaption(interval);
-        rig.store.setText(QStringLiteral("70\r\n\x07stamp\r\n71\r\n72"));
-        const TempDataTable table = ReadTempDataTable(rig.state, rig.main, rig.text);
-        QCOMPARE(table.count, qint16(3));
-        QCOMPARE(table.status, qint16(0));
-        for (int row = 0; row < 3; ++row) {
-            QCOMPARE(table.rows.at(row).time, times.at(row));
-            QCOMPARE(table.rows.at(row).temperature, 70.0 + row);
-        }
-        // The export went through the work file, header and all.
-        QVERIFY(readAll(rig.path(TempData::FileName)).startsWith(Header));
-    }
-
-    void downloadOnlyGivesNoTable()
-    {
-        StoreRig rig;
-        rig.label.setCaption(QString::fromLatin1(TextExport::NoHeaderCaption));
-        rig.store.setText(
-            QStringLiteral("\r\n\t#001\t75\tDEG F\r\n\r\nEMPTY LOCATION - NO DATA.\r\n"));
-        const TempDataValues values = ReadTempDataValues(rig.state, rig.text);
-        QCOMPARE(values.count, qint16(0));
-        QVERIFY(values.values.isEmpty());
     }
 
     void textFile_data()

@@ -43,7 +43,6 @@ private slots:
     void statusWindowTracksItsVisibility()
     {
         AppState state;
-        state.ProgramDirectory = QStringLiteral("/work/dir");
         IRSystem system;
         SystemStatusWindow window(state, system);
         QCOMPARE(window.objectName(), QStringLiteral("frmSystStatus"));
@@ -55,7 +54,6 @@ private slots:
 
         window.load();
         QVERIFY(state.SystemStatusVisible);
-        QCOMPARE(system.ProjectPath, state.ProgramDirectory);
 
         system.SenseTemperature();
         QVERIFY(system.tmrIRGraphics().isActive());

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "RecordReader.h"
+
+#include <QString>
+#include <optional>
+
+// What a finished record is and what it carries, against the acquisition mode. Pure functions:
+// no widgets, no files, no state.
+
+// A real-time reading as the instrument sends it: "  1234   DEG F" or the short "  75".
+struct RealTimeReading {
+    bool valid = false;
+    double value = 0.0;
+};
+RealTimeReading ParseRealTimeReading(const QString& line);
+// The value part of a parameter line: the text after the last run of two or more blanks,
+// trimmed; the whole line trimmed when there is no such run.
+QString ParameterValuePart(const QString& field);
+// How a downloaded record is laid out in the store: "#001   75   DEG F" becomes
+// "<tab>#001<tab>75<tab>DEG F", one line per record.
+QString FormatStoredRecord(const QString& record);
+
+// The check marks of the two acquisition commands.
+struct AcquisitionMode {
+    bool realTime = false;
+    bool download = false;
+};
+
+enum class RecordKind {
+    Blank, // no characters
+    StoredPoint, // contains "#"
+    ParameterBlock, // a vertical tab was seen, and no "#"
+    Reading, // anything else
+};
+
+// A record that does not fit the mode halts the acquisition.
+enum class ModeError {
+    None,
+    StoredWhileRealTime, // a stored point while sensing
+    ReadingWhileDownload, // neither empty, nor a bare CR LF, nor a stored point while downloading
+};
+
+// Why a record in real-time mode gives no temperature.
+enum class ReadingFault {
+    None,
+    NotNumeric,
+    OutOfRange, // numeric, but its rounded value does not fit 16 bits
+};
+
+struct ParsedRecord {
+    RecordKind kind = RecordKind::Blank;
+    ModeError modeError = ModeError::None;
+    // In real-time mode, for every record kind (a parameter block's reading is its first field):
+    // the value rounded half to even, or nothing and the fault.
+    std::optional<qint16> temperature;
+    ReadingFault fault = ReadingFault::None;
+};
+
+ParsedRecord ParseRecord(const Record& record, AcquisitionMode mode);
