@@ -9,27 +9,27 @@ class ControlTesterModel : public ViewModel {
 public:
     using ViewModel::ViewModel;
 
-    Control frmControlTester { this, "frmControlTester", "CONTROL TESTER" };
+    Control frmControlTester { this, "frmControlTester" };
 
-    Control fraTempBar { this, "fraTempBar", "TEMPERATURE BAR" };
+    Control fraTempBar { this, "fraTempBar" };
     Control lblReading { this, "lblReading" };
     Control sldReading { this, "sldReading" };
     Control lblBarRange { this, "lblBarRange" };
-    Control chkAlarmLimits { this, "chkAlarmLimits", "ALARM LIMITS" };
-    Control chkAutoRange { this, "chkAutoRange", "AUTO RANGE" };
-    Control chkDegC { this, "chkDegC", "DEGREES C" };
-    Control cmdClearTemp { this, "cmdClearTemp", "CLEAR READING" };
+    Control chkAlarmLimits { this, "chkAlarmLimits" };
+    Control chkAutoRange { this, "chkAutoRange" };
+    Control chkDegC { this, "chkDegC" };
+    Control cmdClearTemp { this, "cmdClearTemp" };
 
-    Control fraIRSystem { this, "fraIRSystem", "LINK STATUS" };
-    Control cmdScanForIrSystem { this, "cmdScanForIrSystem", "SCAN FOR IR SYSTEM" };
-    Control cmdSenseTemperature { this, "cmdSenseTemperature", "SENSE TEMPERATURE" };
-    Control cmdDownloadIRData { this, "cmdDownloadIRData", "RECEIVE STORED DATA" };
-    Control cmdSetToIdle { this, "cmdSetToIdle", "SET TO IDLE" };
-    Control cmdResetOldState { this, "cmdResetOldState", "RESET OLD STATE" };
+    Control fraIRSystem { this, "fraIRSystem" };
+    Control cmdScanForIrSystem { this, "cmdScanForIrSystem" };
+    Control cmdSenseTemperature { this, "cmdSenseTemperature" };
+    Control cmdDownloadIRData { this, "cmdDownloadIRData" };
+    Control cmdSetToIdle { this, "cmdSetToIdle" };
+    Control cmdResetOldState { this, "cmdResetOldState" };
     Control lblCurrentState { this, "lblCurrentState" };
     Control lblOldState { this, "lblOldState" };
 
-    Control cmdClose { this, "cmdClose", "&CLOSE" };
+    Control cmdClose { this, "cmdClose" };
 
     // The slider: its range and position, in whole degrees.
     int readingMin() const { return readingMin_; }

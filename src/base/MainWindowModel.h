@@ -7,78 +7,76 @@
 
 // The main window's state: its menus, buttons and labels, named as the program names them.
 // The acquisition mode is nothing but the check marks of mnuSenseTemperature and mnuDownloadData.
+// Captions that never change are the form's; the model holds those that do.
 class MainWindowModel : public ViewModel {
     Q_OBJECT
 public:
     explicit MainWindowModel(QObject* parent = nullptr);
 
-    Control frmMain { this, "frmMain", "TALAVEX" };
+    Control frmMain { this, "frmMain" };
 
     // &FILE
-    Control mnuFile { this, "mnuFile", "&FILE" };
-    Control mnuLoadFile { this, "mnuLoadFile", "&LOAD FILE (In NotePad)" };
-    Control mnuSaveFile { this, "mnuSaveFile", "&SAVE FILE (TEXT FILE)" };
-    Control mnuCreateExcelFile { this, "mnuCreateExcelFile",
-        "&CREATE EXCEL FILE WITH ACQUIRED POINTS" };
+    Control mnuFile { this, "mnuFile" };
+    Control mnuLoadFile { this, "mnuLoadFile" };
+    Control mnuSaveFile { this, "mnuSaveFile" };
+    Control mnuCreateExcelFile { this, "mnuCreateExcelFile" };
     // &STOP, a command on the menu bar itself
-    Control mnuStop { this, "mnuStop", "&STOP" };
+    Control mnuStop { this, "mnuStop" };
     // CO&MMAND
-    Control mnuCommand { this, "mnuCommand", "CO&MMAND" };
-    Control mnuTextStamp { this, "mnuTextStamp", "&TEXT STAMP" };
-    Control mnuSenseTemperature { this, "mnuSenseTemperature", "&SEND DATA IN REALTIME" };
-    Control mnuDownloadData { this, "mnuDownloadData", "&DOWNLOAD STORED DATA" };
+    Control mnuCommand { this, "mnuCommand" };
+    Control mnuTextStamp { this, "mnuTextStamp" };
+    Control mnuSenseTemperature { this, "mnuSenseTemperature" };
+    Control mnuDownloadData { this, "mnuDownloadData" };
     // &VIEW
-    Control mnuView { this, "mnuView", "&VIEW" };
-    Control mnuViewTempBar { this, "mnuViewTempBar", "&TEMP BAR" };
-    Control mnuNewAcquiredDataPoints { this, "mnuNewAcquiredDataPoints",
-        "&LAST OBTAINED DATA POINTS" };
-    Control mnuDownloadedDataPoints { this, "mnuDownloadedDataPoints", "&DOWNLOADED DATA POINTS" };
-    Control mnuViewSystemStatus { this, "mnuViewSystemStatus", "&SYSTEM STATUS" };
+    Control mnuView { this, "mnuView" };
+    Control mnuViewTempBar { this, "mnuViewTempBar" };
+    Control mnuNewAcquiredDataPoints { this, "mnuNewAcquiredDataPoints" };
+    Control mnuDownloadedDataPoints { this, "mnuDownloadedDataPoints" };
+    Control mnuViewSystemStatus { this, "mnuViewSystemStatus" };
     // &CHART
-    Control mnuCharting { this, "mnuCharting", "&CHART" };
-    Control mnuRefreshChart { this, "mnuRefreshChart", "&REFRESH CHART" };
-    Control mnuSavePlotToFile { this, "mnuSavePlotToFile", "&SAVE PLOT TO FILE" };
-    Control mnuLoadPlotFile { this, "mnuLoadPlotFile", "&LOAD PLOT FILE" };
-    Control mnuAutoScaleYAxis { this, "mnuAutoScaleYAxis", "&AUTO SCALE Y AXIS" };
-    Control mnuDispLimits { this, "mnuDispLimits", "&DISPLAY LIMIT MARKERS" };
-    Control mnuShowAllPts { this, "mnuShowAllPts", "S&HOW ALL POINTS" };
-    Control mnuPlottingMode { this, "mnuPlottingMode", "&PLOTTING MODE" };
-    Control mnuRealTimeGraphOn { this, "mnuRealTimeGraphOn", "&REAL TIME STRIP CHART" };
-    Control mnuAutoCompressed { this, "mnuAutoCompressed", "&AUTO COMPRESSED REAL TIME" };
-    Control mnuChartParameters { this, "mnuChartParameters", "PARA&METERS " };
-    Control mnuClearChart { this, "mnuClearChart", "&CLEAR CHART" };
-    Control mnuChartAppSelect { this, "mnuChartAppSelect", "&APPEARANCE SELECT" };
-    Control mnuStandardChart { this, "mnuStandardChart", "&STANDARD" };
-    Control mnuScopeChart { this, "mnuScopeChart", "&OSCILLISCOPE" };
-    Control mnuPlainChart { this, "mnuPlainChart", "&PLAIN" };
-    Control mnuCopyChart { this, "mnuCopyChart", "C&OPY CHART TO CLIPBOARD" };
-    Control mnuExportChart { this, "mnuExportChart", "&EXPORT CHART..." };
+    Control mnuCharting { this, "mnuCharting" };
+    Control mnuRefreshChart { this, "mnuRefreshChart" };
+    Control mnuSavePlotToFile { this, "mnuSavePlotToFile" };
+    Control mnuLoadPlotFile { this, "mnuLoadPlotFile" };
+    Control mnuAutoScaleYAxis { this, "mnuAutoScaleYAxis" };
+    Control mnuDispLimits { this, "mnuDispLimits" };
+    Control mnuShowAllPts { this, "mnuShowAllPts" };
+    Control mnuPlottingMode { this, "mnuPlottingMode" };
+    Control mnuRealTimeGraphOn { this, "mnuRealTimeGraphOn" };
+    Control mnuAutoCompressed { this, "mnuAutoCompressed" };
+    Control mnuChartParameters { this, "mnuChartParameters" };
+    Control mnuClearChart { this, "mnuClearChart" };
+    Control mnuChartAppSelect { this, "mnuChartAppSelect" };
+    Control mnuStandardChart { this, "mnuStandardChart" };
+    Control mnuScopeChart { this, "mnuScopeChart" };
+    Control mnuPlainChart { this, "mnuPlainChart" };
+    Control mnuCopyChart { this, "mnuCopyChart" };
+    Control mnuExportChart { this, "mnuExportChart" };
     // SE&TTINGS, a command on the menu bar
-    Control mnuSystemSetup { this, "mnuSystemSetup", "SE&TTINGS" };
+    Control mnuSystemSetup { this, "mnuSystemSetup" };
     // &HELP
-    Control mnuHelp { this, "mnuHelp", "&HELP" };
-    Control mnuOnlineManual { this, "mnuOnlineManual", "&ONLINE MANUAL" };
-    Control mnuAbout { this, "mnuAbout", "&ABOUT" };
+    Control mnuHelp { this, "mnuHelp" };
+    Control mnuOnlineManual { this, "mnuOnlineManual" };
+    Control mnuAbout { this, "mnuAbout" };
     // E&XIT, a command on the menu bar
-    Control mnuExit { this, "mnuExit", "E&XIT" };
+    Control mnuExit { this, "mnuExit" };
     // &DEMO CONTROLS
-    Control mnuDemo { this, "mnuDemo", "&DEMO CONTROLS" };
-    Control mnuTestFunction { this, "mnuTestFunction", "TEST FUNCTION" };
-    Control mnuSearchForIR { this, "mnuSearchForIR", "SEARCH FOR IR" };
-    Control mnuControlTester { this, "mnuControlTester", "Control Tester" };
-    Control mnuSplash { this, "mnuSplash", "SPLASH" };
-    Control mnuCreateSettingsFile { this, "mnuCreateSettingsFile", "CREATE SETTINGS FILE" };
-    Control mnuIniChart { this, "mnuIniChart", "INITIALIZE CHART" };
+    Control mnuDemo { this, "mnuDemo" };
+    Control mnuTestFunction { this, "mnuTestFunction" };
+    Control mnuSearchForIR { this, "mnuSearchForIR" };
+    Control mnuControlTester { this, "mnuControlTester" };
+    Control mnuSplash { this, "mnuSplash" };
+    Control mnuCreateSettingsFile { this, "mnuCreateSettingsFile" };
+    Control mnuIniChart { this, "mnuIniChart" };
 
     // Buttons
     Control cmdMarkers { this, "cmdMarkers", "CURSOR OFF" };
-    Control cmdResetChart { this, "cmdResetChart", "RESET CHART" };
-    Control cmdExit { this, "cmdExit", "EXIT PROGRAM" };
+    Control cmdResetChart { this, "cmdResetChart" };
+    Control cmdExit { this, "cmdExit" };
 
     // Labels
-    Control lblParametersTitle { this, "lblParametersTitle",
-        "DOWNLOADED         IR - SYSTEM PARAMETERS..." };
-    Control lblStatCurrentTemp { this, "lblStatCurrentTemp", "CURRENT TEMP:" };
+    Control lblParametersTitle { this, "lblParametersTitle" };
+    Control lblStatCurrentTemp { this, "lblStatCurrentTemp" };
     Control lblCurrentTemp { this, "lblCurrentTemp" };
     // In the status bar while the operator's view is held during a real-time run.
     Control lblViewHeld { this, "lblViewHeld",

@@ -3,19 +3,32 @@
 #include <QMetaObject>
 #include <utility>
 
-Control::Control(ViewModel* owner, QString name, QString caption)
+Control::Control(ViewModel* owner, QString name)
     : owner_(owner)
     , name_(std::move(name))
-    , caption_(std::move(caption))
 {
     owner_->registerControl(this);
 }
 
+Control::Control(ViewModel* owner, QString name, QString caption)
+    : Control(owner, std::move(name))
+{
+    caption_ = std::move(caption);
+    hasCaption_ = true;
+}
+
+Control::Control(ViewModel* owner, QString name, NoWidget)
+    : Control(owner, std::move(name))
+{
+    hasWidget_ = false;
+}
+
 void Control::setCaption(const QString& caption)
 {
-    if (caption_ == caption)
+    if (hasCaption_ && caption_ == caption)
         return;
     caption_ = caption;
+    hasCaption_ = true;
     owner_->markDirty(this);
 }
 

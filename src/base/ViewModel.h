@@ -21,14 +21,24 @@ constexpr qint64 fromBgr(quint32 bgr)
 
 // The state of one control of a window: what the view shows of it. Every setter that changes
 // something tells the owning model, which coalesces the changes into one `changed` signal.
+//
+// A caption that never changes belongs to the window's form. The model holds a control's caption
+// only when it is given one here or sets one later; until then the view keeps the form's.
 class Control {
 public:
-    Control(ViewModel* owner, QString name, QString caption = {});
+    // Held on purpose with no widget of its name on the window.
+    struct NoWidget { };
+
+    Control(ViewModel* owner, QString name);
+    Control(ViewModel* owner, QString name, QString caption);
+    Control(ViewModel* owner, QString name, NoWidget);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
     const QString& name() const { return name_; }
     const QString& caption() const { return caption_; }
+    bool hasCaption() const { return hasCaption_; }
+    bool hasWidget() const { return hasWidget_; }
     bool checked() const { return checked_; }
     bool enabled() const { return enabled_; }
     bool visible() const { return visible_; }
@@ -48,6 +58,8 @@ private:
     bool listed_ = false;
     QString name_;
     QString caption_;
+    bool hasCaption_ = false;
+    bool hasWidget_ = true;
     bool checked_ = false;
     bool enabled_ = true;
     bool visible_ = true;

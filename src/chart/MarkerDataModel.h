@@ -17,17 +17,17 @@ public:
         showMeasure(false);
     }
 
-    Control frmMarkerData { this, "frmMarkerData", "CURSOR DATA" };
-    Control lblTimeCaption { this, "lblTimeCaption", "TIME" };
-    Control lblTempCaption { this, "lblTempCaption", "Y VALUE" };
+    Control frmMarkerData { this, "frmMarkerData" };
+    Control lblTimeCaption { this, "lblTimeCaption" };
+    Control lblTempCaption { this, "lblTempCaption" };
     Control lblTime { this, "lblTime" };
     Control lblTemp { this, "lblTemp" };
 
     // The two-point measurement.
     Control lblPinned { this, "lblPinned" };
-    Control lblDeltaTimeCaption { this, "lblDeltaTimeCaption", "TIME DIFF." };
-    Control lblDeltaTempCaption { this, "lblDeltaTempCaption", "Y DIFF." };
-    Control lblRateCaption { this, "lblRateCaption", "CHANGE PER MINUTE" };
+    Control lblDeltaTimeCaption { this, "lblDeltaTimeCaption" };
+    Control lblDeltaTempCaption { this, "lblDeltaTempCaption" };
+    Control lblRateCaption { this, "lblRateCaption" };
     Control lblDeltaTime { this, "lblDeltaTime" };
     Control lblDeltaTemp { this, "lblDeltaTemp" };
     Control lblRate { this, "lblRate" };

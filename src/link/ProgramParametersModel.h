@@ -4,8 +4,9 @@
 
 #include <QStringList>
 
-// The program parameters dialog's state. Captions of the labels and the texts of the boxes live
-// in the controls; the two lists keep their items and selection here.
+// The program parameters dialog's state. The read-outs' captions and the texts of the boxes live
+// in the controls (the fixed captions are the form's); the two lists keep their items and
+// selection here.
 class ProgramParametersModel : public ViewModel {
     Q_OBJECT
 public:
@@ -13,32 +14,32 @@ public:
 
     static QString SearchCaption() { return QStringLiteral("SEARCH FOR INSTRUMENT"); }
 
-    Control frmProgramParameters { this, "frmProgramParameters", "PROGRAM PARAMETERS" };
+    Control frmProgramParameters { this, "frmProgramParameters" };
 
-    Control lblCommunicationsTitle { this, "lblCommunicationsTitle", "COMMUNICATIONS" };
-    Control lblCommPortCaption { this, "lblCommPortCaption", "COMM PORT" };
+    Control lblCommunicationsTitle { this, "lblCommunicationsTitle" };
+    Control lblCommPortCaption { this, "lblCommPortCaption" };
     // Its caption is the selected item's text.
     Control comCommPort { this, "comCommPort", "COM 1" };
-    Control lblDeviceCaption { this, "lblDeviceCaption", "DEVICE" };
+    Control lblDeviceCaption { this, "lblDeviceCaption" };
     // Its caption is the device text, as shown or typed.
     Control comDevice { this, "comDevice" };
     Control cmdSearchForIr { this, "cmdSearchForIr", SearchCaption() };
     Control lblSearchStatus { this, "lblSearchStatus" };
 
-    Control lblPcParametersTitle { this, "lblPcParametersTitle", "PC PARAMETERS" };
-    Control lblProcessorCaption { this, "lblProcessorCaption", "PROCESSOR" };
+    Control lblPcParametersTitle { this, "lblPcParametersTitle" };
+    Control lblProcessorCaption { this, "lblProcessorCaption" };
     Control lblProcessor { this, "lblProcessor" };
-    Control lblRamSizeCaption { this, "lblRamSizeCaption", "RAM SIZE" };
+    Control lblRamSizeCaption { this, "lblRamSizeCaption" };
     Control lblRamSize { this, "lblRamSize" };
-    Control lblAvailiableRamCaption { this, "lblAvailiableRamCaption", "CURRENT AVAILIABLE RAM" };
+    Control lblAvailiableRamCaption { this, "lblAvailiableRamCaption" };
     Control lblAvailiableRam { this, "lblAvailiableRam" };
 
-    Control lblMaxViewableTitle { this, "lblMaxViewableTitle", "MAX VIEWABLE DATA POINTS" };
-    Control lblDataPointsCaption { this, "lblDataPointsCaption", "AMOUNT OF DATA POINTS" };
+    Control lblMaxViewableTitle { this, "lblMaxViewableTitle" };
+    Control lblDataPointsCaption { this, "lblDataPointsCaption" };
     // Its caption is the text box's text.
     Control txtDataPoints { this, "txtDataPoints" };
 
-    Control cmdOK { this, "cmdOK", "OK" };
+    Control cmdOK { this, "cmdOK" };
 
     const QStringList& commPortItems() const { return commPortItems_; }
     // -1 when nothing is selected.

@@ -8,12 +8,12 @@ class StoredPointsModel : public ViewModel {
 public:
     using ViewModel::ViewModel;
 
-    Control frmAcquiredPoints { this, "frmAcquiredPoints", "STORED DATA POINTS" };
+    Control frmAcquiredPoints { this, "frmAcquiredPoints" };
     Control lblAcquiredPoints { this, "lblAcquiredPoints", "ACQUIRED DATA POINTS..." };
     // What the last transfer brought: "120 READINGS, 3 EMPTY LOCATIONS".
     Control lblReceivedCounts { this, "lblReceivedCounts", "" };
     Control cmdStartDownload { this, "cmdStartDownload", "START RECEIVING" };
-    Control cmdSaveToTxtFile { this, "cmdSaveToTxtFile", "SAVE TO TXT FILE" };
-    Control cmdSaveToExcel { this, "cmdSaveToExcel", "SAVE TO EXCEL FILE" };
-    Control cmdClearAcqPts { this, "cmdClearAcqPts", "CLEAR DISPLAY" };
+    Control cmdSaveToTxtFile { this, "cmdSaveToTxtFile" };
+    Control cmdSaveToExcel { this, "cmdSaveToExcel" };
+    Control cmdClearAcqPts { this, "cmdClearAcqPts" };
 };

@@ -8,6 +8,6 @@ class TempBarWindowModel : public ViewModel {
 public:
     using ViewModel::ViewModel;
 
-    Control frmTempBar { this, "frmTempBar", "TEMP BAR" };
-    Control mnuConfigure { this, "mnuConfigure", "&CONFIGURE" };
+    Control frmTempBar { this, "frmTempBar" };
+    Control mnuConfigure { this, "mnuConfigure" };
 };

@@ -34,6 +34,7 @@ ControlTesterDialog::ControlTesterDialog(
     };
     for (const auto& [name, handler] : buttons)
         binder_->onClicked(QString::fromLatin1(name), handler);
+    binder_->check();
     const std::tuple<QCheckBox*, Control*, std::function<void()>> switches[] = {
         { ui_->chkAlarmLimits, &model_.chkAlarmLimits,
             [this] { controller_.chkAlarmLimits_Click(); } },
@@ -79,8 +80,6 @@ void ControlTesterDialog::done(int result)
 void ControlTesterDialog::render()
 {
     binder_->render();
-    ui_->fraTempBar->setTitle(model_.fraTempBar.caption());
-    ui_->fraIRSystem->setTitle(model_.fraIRSystem.caption());
     ui_->chkAlarmLimits->setChecked(model_.chkAlarmLimits.checked());
     ui_->chkAutoRange->setChecked(model_.chkAutoRange.checked());
     ui_->chkDegC->setChecked(model_.chkDegC.checked());

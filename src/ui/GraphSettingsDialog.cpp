@@ -43,6 +43,7 @@ GraphSettingsDialog::GraphSettingsDialog(
     click("XDomainScrollDown", &Panel::XDomainScroll_DownClick);
     click("YDomainScrollUp", &Panel::YDomainScroll_UpClick);
     click("YDomainScrollDown", &Panel::YDomainScroll_DownClick);
+    binder_->check();
 
     connect(ui_->chkAutoRange, &QCheckBox::clicked, this, [this](bool on) {
         model_.chkAutoRange.setChecked(on);
@@ -104,8 +105,6 @@ void GraphSettingsDialog::reject()
 void GraphSettingsDialog::render()
 {
     binder_->render();
-    for (QGroupBox* frame : { ui_->Frame1, ui_->Frame2 })
-        frame->setTitle(model_.control(frame->objectName())->caption());
     ui_->chkAutoRange->setChecked(model_.chkAutoRange.checked());
     ui_->chkDispLimits->setChecked(model_.chkDispLimits.checked());
     if (ui_->comTimeUnits->currentIndex() != model_.timeUnitIndex())

@@ -54,6 +54,7 @@ MainWindow::MainWindow(Application& app, QWidget* chart, QWidget* parent)
     demoWindows_ = new DemoWindowHost(app_, *this);
     bindCommands();
     bindChartCommands(chart);
+    binder_->check();
     app_.setWindowHost(this);
 }
 

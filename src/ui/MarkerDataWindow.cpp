@@ -29,7 +29,7 @@ MarkerDataWindow::MarkerDataWindow(MarkerDataModel& model, ChartCursor& cursor, 
     pinned.setBold(true);
     ui_->lblPinned->setFont(pinned);
     ui_->lblPinned->setStyleSheet(QStringLiteral("color: #c05a00; padding-top: 6px;"));
-    new ModelBinder(model, *this);
+    (new ModelBinder(model, *this))->check();
     fitContents();
     // The window grows when a point is pinned and shrinks back when it is dropped.
     connect(&model, &ViewModel::changed, this, &MarkerDataWindow::fitContents);

@@ -7,10 +7,18 @@
 #include <QColor>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QWidget>
 #include <algorithm>
+#include <stdexcept>
 
 namespace {
+#ifdef NDEBUG
+bool strictBinding = false;
+#else
+bool strictBinding = true;
+#endif
+
 QString cssColor(qint64 rgb) { return QColor::fromRgb(QRgb(rgb)).name(); }
 
 QString styleFor(const Control& c)
@@ -21,6 +29,22 @@ QString styleFor(const Control& c)
     if (c.backColor() != Colors::Default)
         style += QStringLiteral("background-color: %1;").arg(cssColor(c.backColor()));
     return style;
+}
+
+// The caption the form gave a widget, as far as the binder would show one.
+QString formCaption(QObject* target, const QWidget& root)
+{
+    if (auto* action = qobject_cast<QAction*>(target))
+        return action->text();
+    if (auto* menu = qobject_cast<QMenu*>(target))
+        return menu->title();
+    if (target == &root)
+        return root.windowTitle();
+    if (auto* label = qobject_cast<QLabel*>(target))
+        return label->text();
+    if (auto* button = qobject_cast<QAbstractButton*>(target))
+        return button->text();
+    return {};
 }
 } // namespace
 
@@ -39,6 +63,12 @@ ModelBinder::ModelBinder(ViewModel& model, QWidget& root)
             target = action;
         else
             target = root.findChild<QWidget*>(control->name());
+        if (!target != !control->hasWidget())
+            problems_ << control->name()
+                    + (target ? QStringLiteral(": declared without a widget, yet the form has one")
+                              : QStringLiteral(": no widget of this name"));
+        if (target && control->hasCaption() && !formCaption(target, root).isEmpty())
+            problems_ << control->name() + QStringLiteral(": a caption in both model and form");
         if (target) {
             index_.emplace(control, bindings_.size());
             Binding binding;
@@ -57,12 +87,15 @@ ModelBinder::ModelBinder(ViewModel& model, QWidget& root)
 
 void ModelBinder::onTriggered(const QString& name, std::function<void()> handler)
 {
+    handled_.insert(name);
     QAction* action = root_.findChild<QAction*>(name);
     if (auto* menu = root_.findChild<QMenu*>(name))
         action = menu->menuAction();
     Control* control = model_.control(name);
-    if (!action)
+    if (!action) {
+        problems_ << name + QStringLiteral(": a handler with no action of this name");
         return;
+    }
     connect(action, &QAction::triggered, this, [this, action, control, handler] {
         handler();
         if (action && control && action->isCheckable())
@@ -73,12 +106,43 @@ void ModelBinder::onTriggered(const QString& name, std::function<void()> handler
 
 void ModelBinder::onClicked(const QString& name, std::function<void()> handler)
 {
-    if (auto* button = root_.findChild<QAbstractButton*>(name))
-        connect(button, &QAbstractButton::clicked, this, [this, handler] {
-            handler();
-            render();
-        });
+    handled_.insert(name);
+    auto* button = root_.findChild<QAbstractButton*>(name);
+    if (!button) {
+        problems_ << name + QStringLiteral(": a handler with no button of this name");
+        return;
+    }
+    connect(button, &QAbstractButton::clicked, this, [this, handler] {
+        handler();
+        render();
+    });
 }
+
+QStringList ModelBinder::problems() const
+{
+    QStringList all = problems_;
+    for (const Binding& b : bindings_) {
+        const bool command
+            = qobject_cast<QAction*>(b.target) || qobject_cast<QPushButton*>(b.target);
+        if (command && !handled_.contains(b.control->name()))
+            all << b.control->name() + QStringLiteral(": a command with no handler");
+    }
+    return all;
+}
+
+void ModelBinder::check() const
+{
+    const QStringList found = problems();
+    if (found.isEmpty())
+        return;
+    const QString text = QStringLiteral("%1 binds by name wrongly: %2")
+                             .arg(root_.objectName(), found.join(QStringLiteral("; ")));
+    if (strictBinding)
+        throw std::logic_error(text.toStdString());
+    qWarning("%s", qPrintable(text));
+}
+
+void ModelBinder::setStrict(bool strict) { strictBinding = strict; }
 
 void ModelBinder::render()
 {
@@ -139,7 +203,7 @@ void ModelBinder::apply(Binding& b)
         return;
     const Control& c = *b.control;
     if (auto* action = qobject_cast<QAction*>(b.target)) {
-        if (!c.caption().isEmpty())
+        if (c.hasCaption())
             action->setText(c.caption());
         if (action->isCheckable())
             action->setChecked(c.checked());
@@ -148,7 +212,8 @@ void ModelBinder::apply(Binding& b)
         return;
     }
     if (auto* menu = qobject_cast<QMenu*>(b.target)) {
-        menu->setTitle(c.caption());
+        if (c.hasCaption())
+            menu->setTitle(c.caption());
         menu->menuAction()->setEnabled(c.enabled());
         menu->menuAction()->setVisible(c.visible());
         return;
@@ -157,17 +222,19 @@ void ModelBinder::apply(Binding& b)
     if (!widget)
         return;
     if (widget == &root_) {
-        widget->setWindowTitle(c.caption());
+        if (c.hasCaption())
+            widget->setWindowTitle(c.caption());
         return;
     }
     widget->setEnabled(c.enabled());
     widget->setVisible(c.visible());
     if (auto* label = qobject_cast<QLabel*>(widget)) {
-        label->setText(c.caption());
+        if (c.hasCaption())
+            label->setText(c.caption());
         applyLabelColors(b, *label);
         return;
     }
-    if (auto* button = qobject_cast<QAbstractButton*>(widget))
+    if (auto* button = qobject_cast<QAbstractButton*>(widget); button && c.hasCaption())
         button->setText(c.caption());
     const QString style = styleFor(c);
     if (widget->property("modelStyle").toString() != style) {

@@ -28,6 +28,7 @@ ProgramParametersDialog::ProgramParametersDialog(
     binder_->onClicked(QStringLiteral("cmdOK"), [this] { accept(); });
     binder_->onClicked(
         QStringLiteral("cmdSearchForIr"), [this] { controller_.cmdSearchForIr_Click(); });
+    binder_->check();
     connect(&model_, &ViewModel::changed, this, &ProgramParametersDialog::render);
 
     // Only the operator's picks count: filling the list on load must not change the port.

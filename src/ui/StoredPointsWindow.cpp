@@ -48,6 +48,7 @@ StoredPointsWindow::StoredPointsWindow(StoredPointsModel& model, StoredPointsCon
         QStringLiteral("cmdSaveToTxtFile"), [this] { controller_.cmdSaveToTxtFile_Click(); });
     binder_->onClicked(
         QStringLiteral("cmdSaveToExcel"), [this] { controller_.cmdSaveToExcel_Click(); });
+    binder_->check();
 
     connect(&store_, &DataPointStore::appended, this, [this](const QString& chunk) {
         QPlainTextEdit* box = ui_->txtDataPointsDisplay;

@@ -28,6 +28,7 @@ TempBarSettingsDialog::TempBarSettingsDialog(
         render();
     });
     binder_->onClicked(QStringLiteral("cmdCancel"), [this] { controller_.cmdCancel_Click(); });
+    binder_->check();
     connect(ui_->chkEnableAlarms, &QCheckBox::clicked, this, [this](bool on) {
         model_.chkEnableAlarms.setChecked(on);
         controller_.chkEnableAlarms_Click();
@@ -74,8 +75,6 @@ void TempBarSettingsDialog::reject()
 void TempBarSettingsDialog::render()
 {
     binder_->render();
-    for (QGroupBox* frame : { ui_->Frame1, ui_->Frame2, ui_->Frame3 })
-        frame->setTitle(model_.control(frame->objectName())->caption());
     ui_->chkEnableAlarms->setChecked(model_.chkEnableAlarms.checked());
     ui_->chkAudibleAlarms->setChecked(model_.chkAudibleAlarms.checked());
     DialogSync::showTexts({

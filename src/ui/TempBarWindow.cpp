@@ -20,6 +20,7 @@ TempBarWindow::TempBarWindow(
     binder_ = new ModelBinder(model, *this);
     binder_->onTriggered(
         QStringLiteral("mnuConfigure"), [this] { controller_.mnuConfigure_Click(); });
+    binder_->check();
 }
 
 TempBarWindow::~TempBarWindow() = default;

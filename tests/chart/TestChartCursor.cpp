@@ -145,7 +145,6 @@ private slots:
         QCOMPARE(r.main.cmdMarkers.backColor(), Colors::Yellow);
         QVERIFY(r.chart.markerVisible());
         QCOMPARE(r.windows.shown, 1);
-        QCOMPARE(r.data.frmMarkerData.caption(), QStringLiteral("CURSOR DATA"));
 
         r.cursor.cmdMarkers_Click();
         QCOMPARE(r.main.cmdMarkers.caption(), QStringLiteral("CURSOR OFF"));

@@ -91,34 +91,6 @@ private slots:
         QCOMPARE(ProgramParametersController::MegaBytes(bytes), text);
     }
 
-    void captions_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("caption");
-        const QList<QPair<QString, QString>> items {
-            { "frmProgramParameters", "PROGRAM PARAMETERS" },
-            { "lblCommunicationsTitle", "COMMUNICATIONS" },
-            { "lblCommPortCaption", "COMM PORT" },
-            { "lblPcParametersTitle", "PC PARAMETERS" },
-            { "lblProcessorCaption", "PROCESSOR" },
-            { "lblRamSizeCaption", "RAM SIZE" },
-            { "lblAvailiableRamCaption", "CURRENT AVAILIABLE RAM" },
-            { "lblMaxViewableTitle", "MAX VIEWABLE DATA POINTS" },
-            { "lblDataPointsCaption", "AMOUNT OF DATA POINTS" },
-        };
-        for (const auto& item : items)
-            QTest::newRow(qPrintable(item.first)) << item.first << item.second;
-    }
-    void captions()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, caption);
-        const ProgramParametersModel model;
-        Control* control = model.control(name);
-        QVERIFY(control);
-        QCOMPARE(control->caption(), caption);
-    }
-
     void loadShowsThePc()
     {
         Rig rig;

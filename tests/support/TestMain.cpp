@@ -1,5 +1,7 @@
 #include "TestRegistry.h"
 
+#include "ui/ModelBinder.h"
+
 #include <QApplication>
 #include <QTest>
 
@@ -15,6 +17,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     app.setAttribute(Qt::AA_Use96Dpi, true);
+    ModelBinder::setStrict(true);
     // TALAVEX_TEST_CLASS=TestChartSurface runs one class of the program (with its own options).
     const QByteArray only = qgetenv("TALAVEX_TEST_CLASS");
     int failed = 0;

@@ -14,7 +14,7 @@
 class TestAboutDialog : public QObject {
     Q_OBJECT
 private slots:
-    void captionsAndButtons()
+    void logoAndButtons()
     {
         AppState state;
         FakeLauncher launcher;
@@ -24,18 +24,6 @@ private slots:
         help.setSearchPath({ emptyPath.path() });
         AboutDialog about(help);
         QCOMPARE(about.objectName(), QStringLiteral("frmAbout"));
-        QCOMPARE(about.windowTitle(), QStringLiteral("ABOUT TALAVEX"));
-        const std::pair<const char*, const char*> captions[] = {
-            { "lblTitle", "BRANDOK ENGINEERING INC." },
-            { "Label1", "BRANDOK INFRARED PYROMETER SERIES" },
-            { "Label2", "INFRARED TEMPERATURE MEASUREMENT AND DATA LOGGING PROGRAM" },
-            { "lblVersion", "V1.1  122000KV" },
-        };
-        for (const auto& [name, text] : captions) {
-            auto* label = about.findChild<QLabel*>(QLatin1String(name));
-            QVERIFY2(label, name);
-            QCOMPARE(label->text(), QLatin1String(text));
-        }
         auto* logo = about.findChild<QLabel*>(QStringLiteral("Picture1"));
         QVERIFY(logo && !logo->pixmap().isNull());
         // The logo is drawn, not an empty square.

@@ -53,7 +53,6 @@ private slots:
         Fixture f;
         QVERIFY(f.panel);
         QVERIFY(f.panel->isVisible());
-        QCOMPARE(f.panel->windowTitle(), QStringLiteral("GRAPH SETTINGS"));
         QVERIFY(f.rig.app().state.GraphSettingsOpen);
         QCOMPARE(f.box("txtMaxX")->text(), QStringLiteral("60"));
         QCOMPARE(f.box("txtMaxY")->text(), QStringLiteral("100"));

@@ -49,77 +49,10 @@ class TestMainWindow : public QObject {
     Q_OBJECT
 
 private slots:
-    void captions_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("caption");
-        const QList<QPair<QString, QString>> items {
-            { "mnuLoadFile", "&LOAD FILE (In NotePad)" },
-            { "mnuSaveFile", "&SAVE FILE (TEXT FILE)" },
-            { "mnuCreateExcelFile", "&CREATE EXCEL FILE WITH ACQUIRED POINTS" },
-            { "mnuStop", "&STOP" },
-            { "mnuTextStamp", "&TEXT STAMP" },
-            { "mnuSenseTemperature", "&SEND DATA IN REALTIME" },
-            { "mnuDownloadData", "&DOWNLOAD STORED DATA" },
-            { "mnuViewTempBar", "&TEMP BAR" },
-            { "mnuNewAcquiredDataPoints", "&LAST OBTAINED DATA POINTS" },
-            { "mnuDownloadedDataPoints", "&DOWNLOADED DATA POINTS" },
-            { "mnuViewSystemStatus", "&SYSTEM STATUS" },
-            { "mnuRefreshChart", "&REFRESH CHART" },
-            { "mnuSavePlotToFile", "&SAVE PLOT TO FILE" },
-            { "mnuLoadPlotFile", "&LOAD PLOT FILE" },
-            { "mnuAutoScaleYAxis", "&AUTO SCALE Y AXIS" },
-            { "mnuDispLimits", "&DISPLAY LIMIT MARKERS" },
-            { "mnuShowAllPts", "S&HOW ALL POINTS" },
-            { "mnuRealTimeGraphOn", "&REAL TIME STRIP CHART" },
-            { "mnuAutoCompressed", "&AUTO COMPRESSED REAL TIME" },
-            { "mnuChartParameters", "PARA&METERS " },
-            { "mnuClearChart", "&CLEAR CHART" },
-            { "mnuStandardChart", "&STANDARD" },
-            { "mnuScopeChart", "&OSCILLISCOPE" },
-            { "mnuPlainChart", "&PLAIN" },
-            { "mnuCopyChart", "C&OPY CHART TO CLIPBOARD" },
-            { "mnuSystemSetup", "SE&TTINGS" },
-            { "mnuOnlineManual", "&ONLINE MANUAL" },
-            { "mnuAbout", "&ABOUT" },
-            { "mnuExit", "E&XIT" },
-            { "mnuTestFunction", "TEST FUNCTION" },
-            { "mnuSearchForIR", "SEARCH FOR IR" },
-            { "mnuControlTester", "Control Tester" },
-            { "mnuSplash", "SPLASH" },
-            { "mnuCreateSettingsFile", "CREATE SETTINGS FILE" },
-            { "mnuIniChart", "INITIALIZE CHART" },
-        };
-        for (const auto& item : items)
-            QTest::newRow(qPrintable(item.first)) << item.first << item.second;
-    }
-    void captions()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, caption);
-        WindowRig f;
-        QAction* action = f.window.findChild<QAction*>(name);
-        QVERIFY(action);
-        QCOMPARE(action->text(), caption);
-    }
-
-    void menuBarLayout()
+    void resetChartStartsHidden()
     {
         WindowRig f;
-        QCOMPARE(f.window.windowTitle(), QStringLiteral("TALAVEX"));
-        QStringList top;
-        for (QAction* a : f.window.menuBar()->actions())
-            top << a->text();
-        QCOMPARE(top,
-            QStringList({ "&FILE", "&STOP", "CO&MMAND", "&VIEW", "&CHART", "SE&TTINGS", "&HELP",
-                "E&XIT", "&DEMO CONTROLS" }));
-        QCOMPARE(
-            f.window.findChild<QPushButton*>("cmdExit")->text(), QStringLiteral("EXIT PROGRAM"));
-        QCOMPARE(
-            f.window.findChild<QPushButton*>("cmdMarkers")->text(), QStringLiteral("CURSOR OFF"));
         QVERIFY(f.window.findChild<QPushButton*>("cmdResetChart")->isHidden());
-        QCOMPARE(f.window.findChild<QLabel*>("lblParametersTitle")->text(),
-            QStringLiteral("DOWNLOADED         IR - SYSTEM PARAMETERS..."));
     }
 
     void checkableCommandsByKeyboard_data()
@@ -190,7 +123,6 @@ private slots:
         f.trigger("mnuDownloadData");
         StoredPointsWindow* window = f.window.storedPointsWindow();
         QVERIFY(window && window->isVisible());
-        QCOMPARE(window->windowTitle(), QStringLiteral("STORED DATA POINTS"));
         window->findChild<QPushButton*>("cmdStartDownload")->click();
         QCoreApplication::processEvents();
         QCOMPARE(window->findChild<QPushButton*>("cmdStartDownload")->text(),

@@ -1,7 +1,15 @@
 #include "support/TestRegistry.h"
+#include "support/WindowRig.h"
 
 #include "base/ViewModel.h"
+#include "ui/ControlTesterDialog.h"
+#include "ui/GraphSettingsDialog.h"
+#include "ui/MarkerDataWindow.h"
 #include "ui/ModelBinder.h"
+#include "ui/ProgramParametersDialog.h"
+#include "ui/StoredPointsWindow.h"
+#include "ui/TempBarSettingsDialog.h"
+#include "ui/TempBarWindow.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -9,6 +17,8 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <memory>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -168,6 +178,61 @@ private slots:
         QCOMPARE(view.reading->text(), QStringLiteral("71"));
         QCOMPARE(view.status->text(), QStringLiteral("SENSING"));
         QTRY_COMPARE(view.reading->text(), QStringLiteral("73"));
+    }
+
+    // A name that matches nothing fails the binding, named: a control with no widget, a handler
+    // with no widget, a command with no handler, and a caption both the model and the form give.
+    void misnamedBindingFails_data()
+    {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("handler");
+        QTest::addColumn<QString>("named");
+        const QString sense = QStringLiteral("mnuSenseTemperature");
+        const QString misspelt = QStringLiteral("mnuSenseTemprature");
+        QTest::newRow("control") << misspelt << QString() << sense << misspelt;
+        QTest::newRow("handler") << QStringLiteral("lblCurrentTemp") << QString() << misspelt
+                                 << misspelt;
+        QTest::newRow("no handler") << sense << QString() << QString() << sense;
+        QTest::newRow("caption twice") << sense << QStringLiteral("SENSE") << sense << sense;
+    }
+    void misnamedBindingFails()
+    {
+        QFETCH(QString, control);
+        QFETCH(QString, caption);
+        QFETCH(QString, handler);
+        QFETCH(QString, named);
+        WindowRig f;
+        ViewModel model;
+        const auto c = caption.isNull() ? std::make_unique<Control>(&model, control)
+                                        : std::make_unique<Control>(&model, control, caption);
+        ModelBinder binder(model, f.window);
+        if (!handler.isEmpty())
+            binder.onTriggered(handler, [] {});
+        QCOMPARE(binder.problems().size(), 1);
+        try {
+            binder.check();
+        } catch (const std::logic_error& e) {
+            QVERIFY2(QString::fromUtf8(e.what()).contains(named + ':'), e.what());
+            return;
+        }
+        QFAIL("no failure");
+    }
+
+    // Every window of the program binds with nothing amiss (the tests check strictly).
+    void everyWindowBinds()
+    {
+        QVERIFY_THROWS_NO_EXCEPTION([] {
+            WindowRig f;
+            Application& a = f.app();
+            StoredPointsWindow stored(a.storedPointsModel, a.storedPoints, a.store);
+            ProgramParametersDialog parameters(a.programParametersModel, a.programParameters);
+            GraphSettingsDialog graph(a.graphSettingsModel, a.graphSettings);
+            TempBarWindow bar(a.bar, a.tempBarWindowModel, a.tempBarWindow);
+            TempBarSettingsDialog barSettings(a.tempBarSettingsModel, a.tempBarSettings);
+            ControlTesterDialog tester(a.controlTesterModel, a.controlTester);
+            MarkerDataWindow cursorData(a.markerDataModel, a.cursor, nullptr);
+        }());
     }
 
     // A steady stream, a change every 10 ms for 1.5 s: the showings stay 100 ms apart.

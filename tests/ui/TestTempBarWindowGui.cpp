@@ -11,7 +11,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -32,8 +31,6 @@ private slots:
         f.trigger("mnuViewTempBar");
         TempBarWindow* bar = f.barWindow();
         QVERIFY(bar && bar->isVisible());
-        QCOMPARE(bar->windowTitle(), QStringLiteral("TEMP BAR"));
-        QCOMPARE(bar->findChild<QAction*>("mnuConfigure")->text(), QStringLiteral("&CONFIGURE"));
         TempBarWidget* widget = bar->barWidget();
         QCOMPARE(widget->objectName(), QStringLiteral("TempBar1"));
         QVERIFY(f.action("mnuViewTempBar")->isChecked());
@@ -141,8 +138,7 @@ private slots:
         TempBarWindow* bar = f.barWindow();
         QStringList seen;
         ModalDriver<TempBarSettingsDialog> driver([&](TempBarSettingsDialog* dialog) {
-            seen << dialog->windowTitle() << dialog->findChild<QGroupBox*>("Frame1")->title()
-                 << dialog->findChild<QLineEdit*>("txtMaxTemp")->text();
+            seen << dialog->findChild<QLineEdit*>("txtMaxTemp")->text();
             seen << (dialog->focusWidget() ? dialog->focusWidget()->objectName() : QString());
             auto* max = dialog->findChild<QLineEdit*>("txtMaxTemp");
             max->setText(QStringLiteral("250"));
@@ -152,8 +148,7 @@ private slots:
             QTest::keyClick(max, Qt::Key_Return);
         });
         f.trigger("mnuConfigure", bar);
-        QCOMPARE(seen,
-            QStringList({ "TEMPERATURE BAR SETTINGS", "RANGE SETTINGS", "100", "txtMaxTemp" }));
+        QCOMPARE(seen, QStringList({ "100", "txtMaxTemp" }));
         QCOMPARE(f.rig.app().bar.GetMaxTemp(), qint16(250));
         QCOMPARE(f.rig.app().state.SettingsValues.tempBarMax.text, QStringLiteral("250"));
         QCOMPARE(f.rig.app().state.SettingsValues.audibleAlarms.text, QStringLiteral("0"));
