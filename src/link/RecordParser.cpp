@@ -24,7 +24,8 @@ RealTimeReading ParseRealTimeReading(const QString& line)
         field = tab < 0 ? tabbed : tabbed.left(tab);
     }
     reading.valid = Numbers::IsNumeric(field);
-    reading.value = Numbers::Val(field);
+    // A number too large for a double stays infinite, out of range, rather than reading 0.
+    reading.value = Numbers::ValUnbounded(field);
     return reading;
 }
 

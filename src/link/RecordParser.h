@@ -11,6 +11,7 @@
 // A real-time reading as the instrument sends it: "  1234   DEG F" or the short "  75".
 struct RealTimeReading {
     bool valid = false;
+    // Infinite for a number beyond the range of a double.
     double value = 0.0;
 };
 RealTimeReading ParseRealTimeReading(const QString& line);

@@ -27,6 +27,7 @@ private slots:
         QTest::newRow("word") << "HELLO" << false << 0.0;
         QTest::newRow("long record, word first") << "  ERROR   SENSOR" << false << 0.0;
         QTest::newRow("group separator") << "  " << false << 0.0;
+        QTest::newRow("beyond a double") << "-1E309" << true << -qInf();
     }
     void parseRealTimeReading()
     {
@@ -58,6 +59,7 @@ private slots:
         };
         row("reading, half to even", "  74.5", false, "realtime", K::Reading, E::None, F::None, 74);
         row("out of range", "  99999", false, "realtime", K::Reading, E::None, F::OutOfRange, -1);
+        row("beyond a double", "1E309", false, "realtime", K::Reading, E::None, F::OutOfRange, -1);
         row("blank", "", false, "realtime", K::Blank, E::None, F::NotNumeric, -1);
         row("block", "\x0b  DEG F\r\n", true, "realtime", K::ParameterBlock, E::None, F::NotNumeric,
             -1);
@@ -153,6 +155,8 @@ private slots:
             << "realtime" << QByteArray("  ERROR   SENSOR\x07") << "" << false << 0 << "";
         QTest::newRow("reading out of 16-bit range is dropped")
             << "realtime" << QByteArray("  99999\x07") << "" << false << 0 << "";
+        QTest::newRow("400 digits are no reading of 0")
+            << "realtime" << QByteArray(400, '9') + '\x07' << "" << false << 0 << "";
         QTest::newRow("stored record while idle passes")
             << "idle" << QByteArray("#001   75\x07") << "" << false << 0 << "";
     }
