@@ -127,6 +127,11 @@ void ReceiveHandler::finishRecord(Record record)
     } else if (!record.parameterBlock && !download && parsed.temperature
         && (main_.mnuRealTimeGraphOn.checked() || main_.mnuAutoCompressed.checked())) {
         showReading(*parsed.temperature);
+    } else if (realTime && parsed.kind == RecordKind::Reading && !parsed.temperature) {
+        // An unusable reading: the value shown is no longer current, and no alarm stands on it.
+        main_.lblStatCurrentTemp.setForeColor(Colors::Grey);
+        main_.lblCurrentTemp.setForeColor(Colors::Grey);
+        acquisition_.tmrBeep().stop();
     }
 
     // The interval check: an unknown interval is told once, then reads "NO-INT".

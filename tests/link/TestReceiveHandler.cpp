@@ -314,6 +314,9 @@ private slots:
         QTest::newRow("at the high limit") << QByteArray("  85") << Colors::Green << false;
         QTest::newRow("below the low limit") << QByteArray("  24") << Colors::Yellow << true;
         QTest::newRow("at the low limit") << QByteArray("  25") << Colors::Green << false;
+        // An unusable reading greys the last one and silences the alarm.
+        QTest::newRow("out of range") << QByteArray("  40000") << Colors::Grey << false;
+        QTest::newRow("not numeric") << QByteArray("ERROR") << Colors::Grey << false;
     }
     void alarmColours()
     {
@@ -326,8 +329,9 @@ private slots:
         a.state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
         a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
-        rig.feed("  50\x07" + reading + "\x07");
-        QCOMPARE(a.main.lblCurrentTemp.caption(), QString::fromLatin1(reading.trimmed()));
+        rig.feed("  90\x07" + reading + "\x07");
+        QCOMPARE(a.main.lblCurrentTemp.caption(),
+            QString::fromLatin1(colour == Colors::Grey ? "90" : reading.trimmed()));
         QCOMPARE(a.main.lblCurrentTemp.foreColor(), colour);
         QCOMPARE(a.main.lblStatCurrentTemp.foreColor(), colour);
         QVERIFY(a.main.lblStatCurrentTemp.visible());
