@@ -273,7 +273,11 @@ private slots:
         AppRig rig;
         rig.startSensing();
         const QByteArray header = rig.lastObtained();
-        rig.feed(AppRig::parameterBlock("  DEG C", "2", "72") + "  1234   DEG F\x07  80\x07");
+        // A block begun again drops what came before it; a block of fewer than 11 fields (a
+        // lone vertical tab among them) changes nothing: no lines, no labels, no reading.
+        const QByteArray cutShort = "\x0b  DEG F\r\nINT (SECS)      5\r\n";
+        rig.feed(cutShort + AppRig::parameterBlock("  DEG C", "2", "72") + "\x0b\x07" + cutShort
+            + "\x07  1234   DEG F\x07  80\x07");
         QByteArray expected = header;
         expected += "\t\x0b  DEG C\r\r\n"
                     "\tINT (SECS)      2\r\r\n"
@@ -290,6 +294,8 @@ private slots:
                     "  80\r\n";
         QCOMPARE(rig.lastObtained(), expected);
         QCOMPARE(rig.app().main.lblSystParameters(1).caption(), QStringLiteral("DEG C"));
+        QCOMPARE(rig.app().main.lblSystParameters(2).caption(), QStringLiteral("2"));
+        QCOMPARE(rig.chart.pointCount(1) - 1, 3);
     }
 
     void unknownIntervalAskedOnce()
