@@ -15,6 +15,12 @@ namespace {
 
 double Val(const QString& text)
 {
+    const double value = ValUnbounded(text);
+    return std::isfinite(value) ? value : 0.0;
+}
+
+double ValUnbounded(const QString& text)
+{
     // Collect the numeric prefix with blanks removed, then let the C library convert it.
     QByteArray digits;
     digits.reserve(32);
@@ -77,8 +83,7 @@ double Val(const QString& text)
     }
     if (!seenPoint && wholeDigits <= 15 && !digits.contains('e'))
         return digits.startsWith('-') ? -double(whole) : double(whole);
-    const double value = std::strtod(digits.constData(), nullptr);
-    return std::isfinite(value) ? value : 0.0;
+    return std::strtod(digits.constData(), nullptr);
 }
 
 bool IsNumeric(const QString& text)

@@ -9,6 +9,9 @@ namespace Numbers {
 // Lenient reading: the longest numeric prefix, blanks, tabs and line feeds skipped anywhere;
 // 0 when there is none.
 double Val(const QString& text);
+// As Val, but a number beyond the range of a double ("1E309", 400 digits) gives an infinity of
+// its sign instead of 0.
+double ValUnbounded(const QString& text);
 // Strict test: optional sign, digits with at most one decimal point, optional exponent,
 // leading and trailing spaces allowed; at least one digit.
 bool IsNumeric(const QString& text);

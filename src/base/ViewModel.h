@@ -12,6 +12,7 @@ constexpr qint64 Default = -1;
 constexpr qint64 Red = 0xFF0000;
 constexpr qint64 Green = 0x00FF00;
 constexpr qint64 Yellow = 0xFFFF00;
+constexpr qint64 Grey = 0x808080;
 // The instrument software's own constants are blue-green-red; this turns one into 0xRRGGBB.
 constexpr qint64 fromBgr(quint32 bgr)
 {

@@ -106,10 +106,11 @@ void ReceiveHandler::finishRecord(Record record)
         return;
     }
 
-    // The bar follows every record while sensing: its reading, or cleared.
+    // The bar follows every record while sensing: its reading, or cleared. A parameter block
+    // cut short is no reading.
     if (realTime && state_.TempBarVisible) {
         if (TempBarDisplay* bar = windows_.tempBar()) {
-            if (parsed.temperature)
+            if (parsed.temperature && (!record.parameterBlock || ParameterBlockFields(record.text)))
                 bar->SetTemp(*parsed.temperature);
             else
                 bar->ClearTemp();
@@ -127,6 +128,11 @@ void ReceiveHandler::finishRecord(Record record)
     } else if (!record.parameterBlock && !download && parsed.temperature
         && (main_.mnuRealTimeGraphOn.checked() || main_.mnuAutoCompressed.checked())) {
         showReading(*parsed.temperature);
+    } else if (realTime && parsed.kind == RecordKind::Reading && !parsed.temperature) {
+        // An unusable reading: the value shown is no longer current, and no alarm stands on it.
+        main_.lblStatCurrentTemp.setForeColor(Colors::Grey);
+        main_.lblCurrentTemp.setForeColor(Colors::Grey);
+        acquisition_.tmrBeep().stop();
     }
 
     // The interval check: an unknown interval is told once, then reads "NO-INT".
@@ -203,32 +209,24 @@ void ReceiveHandler::refreshParameterLabels()
     }
 }
 
-void ReceiveHandler::LoadParameterBlock(const QString& block)
+bool ReceiveHandler::LoadParameterBlock(const QString& block)
 {
+    static_assert(ParameterBlockFieldCount == InstrumentParameters::ParameterFieldCount);
+    const auto fields = ParameterBlockFields(block);
+    if (!fields)
+        return false;
+    InstrumentParameters& p = state_.Instrument;
     LastObtainedFile& file = acquisition_.lastObtainedFile();
-    int field = 0;
-    QString line;
-    for (QChar c : block) {
-        if (c != Lf) {
-            line += c;
-            continue;
+    for (int k = 0; k < ParameterBlockFieldCount; ++k) {
+        p.ParameterFields[k] = (*fields)[k];
+        if (k < InstrumentParameters::SystemParameterTextCount) {
+            file.writeLine(Tab + p.ParameterFields[k]);
+            p.SystemParameterText[k] = StripControlCharacters(p.ParameterFields[k]);
         }
-        if (line.size() >= 5 && field < InstrumentParameters::ParameterFieldCount) {
-            ++field;
-            QString value = line;
-            if (field == 7 && value.contains(QLatin1Char('-')))
-                value = QStringLiteral("BOGUS");
-            state_.Instrument.ParameterFields[field - 1] = value;
-            if (field <= InstrumentParameters::SystemParameterTextCount) {
-                file.writeLine(Tab + value);
-                state_.Instrument.SystemParameterText[field - 1] = StripControlCharacters(value);
-            }
-        }
-        refreshParameterLabels();
-        line.clear();
     }
+    refreshParameterLabels();
 
-    const QString& first = state_.Instrument.ParameterFields[10];
+    const QString& first = p.ParameterFields[10];
     if (first.size() >= 10) {
         file.writeLine(QString(Tab));
         file.writeLine(first);
@@ -240,4 +238,5 @@ void ReceiveHandler::LoadParameterBlock(const QString& block)
             acquisition_.liveLog().writeReading(clock_.nowUtc(), *rounded);
         }
     }
+    return true;
 }

@@ -37,7 +37,9 @@ public:
     void pump();
     bool pumping() const { return pumping_; }
 
-    void LoadParameterBlock(const QString& block);
+    // Applies a whole block (all 11 fields) to the parameters, their labels, the last-obtained
+    // file and the chart; a block cut short changes nothing and gives false.
+    bool LoadParameterBlock(const QString& block);
     // Empties the record being assembled and the blank-line guard.
     void clearReceiveMembers();
 

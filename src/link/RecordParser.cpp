@@ -24,7 +24,8 @@ RealTimeReading ParseRealTimeReading(const QString& line)
         field = tab < 0 ? tabbed : tabbed.left(tab);
     }
     reading.valid = Numbers::IsNumeric(field);
-    reading.value = Numbers::Val(field);
+    // A number too large for a double stays infinite, out of range, rather than reading 0.
+    reading.value = Numbers::ValUnbounded(field);
     return reading;
 }
 
@@ -39,6 +40,26 @@ QString ParameterValuePart(const QString& field)
         }
     }
     return (runEnd < 0 ? text : text.mid(runEnd)).trimmed();
+}
+
+std::optional<std::array<QString, ParameterBlockFieldCount>> ParameterBlockFields(
+    const QString& block)
+{
+    std::array<QString, ParameterBlockFieldCount> fields;
+    int count = 0;
+    qsizetype start = 0;
+    for (qsizetype lf = block.indexOf(Lf); lf >= 0 && count < ParameterBlockFieldCount;
+         start = lf + 1, lf = block.indexOf(Lf, start)) {
+        if (lf - start < 5)
+            continue;
+        QString field = block.mid(start, lf - start);
+        if (count == 6 && field.contains(QLatin1Char('-')))
+            field = QStringLiteral("BOGUS");
+        fields[count++] = std::move(field);
+    }
+    if (count < ParameterBlockFieldCount)
+        return std::nullopt;
+    return fields;
 }
 
 QString FormatStoredRecord(const QString& record)

@@ -3,6 +3,7 @@
 #include "RecordReader.h"
 
 #include <QString>
+#include <array>
 #include <optional>
 
 // What a finished record is and what it carries, against the acquisition mode. Pure functions:
@@ -11,12 +12,19 @@
 // A real-time reading as the instrument sends it: "  1234   DEG F" or the short "  75".
 struct RealTimeReading {
     bool valid = false;
+    // Infinite for a number beyond the range of a double.
     double value = 0.0;
 };
 RealTimeReading ParseRealTimeReading(const QString& line);
 // The value part of a parameter line: the text after the last run of two or more blanks,
 // trimmed; the whole line trimmed when there is no such run.
 QString ParameterValuePart(const QString& field);
+// The fields of a parameter block: its lines cut at each line feed (the line feed dropped, text
+// after the last one unused), lines under 5 characters skipped, the first 11 taken in order;
+// the seventh reads "BOGUS" when it holds a "-". Nothing when the block has fewer than 11.
+constexpr int ParameterBlockFieldCount = 11;
+std::optional<std::array<QString, ParameterBlockFieldCount>> ParameterBlockFields(
+    const QString& block);
 // How a downloaded record is laid out in the store: "#001   75   DEG F" becomes
 // "<tab>#001<tab>75<tab>DEG F", one line per record.
 QString FormatStoredRecord(const QString& record);

@@ -7,11 +7,17 @@ using namespace StringUtils;
 std::optional<Record> RecordReader::feed(char c)
 {
     const QChar ch = QLatin1Char(c);
-    if (ch == Vt)
+    if (ch == Vt) {
+        // A block begun again (the instrument restarted in the middle of one) drops what came
+        // before: its lines would otherwise take the new block's field numbers.
+        if (blockBegun_)
+            current_.text.clear();
+        blockBegun_ = true;
         current_.parameterBlock = true;
+    }
     if (ch == Bel) {
         Record record = std::move(current_);
-        current_ = {};
+        clear();
         return record;
     }
     if (current_.text.size() >= MaxRecordLength)

@@ -12,7 +12,8 @@ struct Record {
 
 // Assembles the characters from the instrument into records. A BEL ends the record; a vertical
 // tab anywhere marks it as a parameter block, inside which CR and LF are kept (before it, and in
-// any other record, each becomes a blank). No widgets and no state but the record on hand.
+// any other record, each becomes a blank). A second vertical tab in one record begins the block
+// anew: the text before it is dropped. No widgets and no state but the record on hand.
 class RecordReader {
 public:
     // Characters beyond this in one record are dropped until the next BEL: a line that never
@@ -26,10 +27,16 @@ public:
     void continueParameterBlock() { current_.parameterBlock = true; }
     // The record being assembled.
     const QString& pending() const { return current_.text; }
-    void clear() { current_ = {}; }
+    void clear()
+    {
+        current_ = {};
+        blockBegun_ = false;
+    }
 
 private:
     Record current_;
+    // A vertical tab has been received in the record on hand.
+    bool blockBegun_ = false;
 };
 
 // The blank-line guard: the first empty record outside download mode arms it, each further empty

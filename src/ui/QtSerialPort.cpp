@@ -148,8 +148,9 @@ void QtSerialPort::onError(QSerialPort::SerialPortError error)
         = error == QSerialPort::ResourceError || (error == QSerialPort::ReadError && hungUp());
     if (!lost)
         return;
-    error_ = QStringLiteral("%1 (%2) was lost: %3.")
-                 .arg(comName(number_), openedDevice_, port_.errorString());
+    // The system's own reason says little here (an unplugged USB adapter gives "Inappropriate
+    // ioctl for device"): the device is gone.
+    error_ = QStringLiteral("THE SERIAL DEVICE %1 WAS DISCONNECTED.").arg(openedDevice_);
     if (lossPending_)
         return;
     lossPending_ = true;

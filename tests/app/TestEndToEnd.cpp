@@ -182,6 +182,25 @@ private slots:
         QVERIFY(a.acquisition.TransmissionLost);
     }
 
+    // Random bytes invent no reading and load no block. With this seed two bursts holding a
+    // vertical tab come before the first holding a "#", which halts.
+    void noiseAddsNothing()
+    {
+        EndToEndRig rig;
+        rig.options.intervalSeconds = 1;
+        rig.options.fault = SimulatorOptions::Fault::Noise;
+        rig.options.faultAfter = 1;
+        rig.options.seed = 5;
+        Application& a = *rig.app;
+        a.acquisition.mnuSenseTemperature_Click();
+        QTRY_VERIFY_WITH_TIMEOUT(!rig.prompter.titles().isEmpty(), 15000);
+        QCOMPARE(rig.prompter.titles().front(),
+            QStringLiteral("RECEIVED STORED DATA WHILE IN REAL TIME MODE"));
+        QCOMPARE(rig.lastObtained().count(rig.sent.front().split('\n').at(10)), 1);
+        QCOMPARE(rig.chart.pointCount(1) - 1, 1);
+        QCOMPARE(a.main.lblSystParameters(2).caption(), QStringLiteral("1"));
+    }
+
     void wrongModeHalts()
     {
         EndToEndRig rig;

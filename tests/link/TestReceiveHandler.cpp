@@ -27,6 +27,7 @@ private slots:
         QTest::newRow("word") << "HELLO" << false << 0.0;
         QTest::newRow("long record, word first") << "  ERROR   SENSOR" << false << 0.0;
         QTest::newRow("group separator") << "  " << false << 0.0;
+        QTest::newRow("beyond a double") << "-1E309" << true << -qInf();
     }
     void parseRealTimeReading()
     {
@@ -58,6 +59,7 @@ private slots:
         };
         row("reading, half to even", "  74.5", false, "realtime", K::Reading, E::None, F::None, 74);
         row("out of range", "  99999", false, "realtime", K::Reading, E::None, F::OutOfRange, -1);
+        row("beyond a double", "1E309", false, "realtime", K::Reading, E::None, F::OutOfRange, -1);
         row("blank", "", false, "realtime", K::Blank, E::None, F::NotNumeric, -1);
         row("block", "\x0b  DEG F\r\n", true, "realtime", K::ParameterBlock, E::None, F::NotNumeric,
             -1);
@@ -153,6 +155,8 @@ private slots:
             << "realtime" << QByteArray("  ERROR   SENSOR\x07") << "" << false << 0 << "";
         QTest::newRow("reading out of 16-bit range is dropped")
             << "realtime" << QByteArray("  99999\x07") << "" << false << 0 << "";
+        QTest::newRow("400 digits are no reading of 0")
+            << "realtime" << QByteArray(400, '9') + '\x07' << "" << false << 0 << "";
         QTest::newRow("stored record while idle passes")
             << "idle" << QByteArray("#001   75\x07") << "" << false << 0 << "";
     }
@@ -269,7 +273,11 @@ private slots:
         AppRig rig;
         rig.startSensing();
         const QByteArray header = rig.lastObtained();
-        rig.feed(AppRig::parameterBlock("  DEG C", "2", "72") + "  1234   DEG F\x07  80\x07");
+        // A block begun again drops what came before it; a block of fewer than 11 fields (a
+        // lone vertical tab among them) changes nothing: no lines, no labels, no reading.
+        const QByteArray cutShort = "\x0b  DEG F\r\nINT (SECS)      5\r\n";
+        rig.feed(cutShort + AppRig::parameterBlock("  DEG C", "2", "72") + "\x0b\x07" + cutShort
+            + "\x07  1234   DEG F\x07  80\x07");
         QByteArray expected = header;
         expected += "\t\x0b  DEG C\r\r\n"
                     "\tINT (SECS)      2\r\r\n"
@@ -286,6 +294,8 @@ private slots:
                     "  80\r\n";
         QCOMPARE(rig.lastObtained(), expected);
         QCOMPARE(rig.app().main.lblSystParameters(1).caption(), QStringLiteral("DEG C"));
+        QCOMPARE(rig.app().main.lblSystParameters(2).caption(), QStringLiteral("2"));
+        QCOMPARE(rig.chart.pointCount(1) - 1, 3);
     }
 
     void unknownIntervalAskedOnce()
@@ -310,6 +320,9 @@ private slots:
         QTest::newRow("at the high limit") << QByteArray("  85") << Colors::Green << false;
         QTest::newRow("below the low limit") << QByteArray("  24") << Colors::Yellow << true;
         QTest::newRow("at the low limit") << QByteArray("  25") << Colors::Green << false;
+        // An unusable reading greys the last one and silences the alarm.
+        QTest::newRow("out of range") << QByteArray("  40000") << Colors::Grey << false;
+        QTest::newRow("not numeric") << QByteArray("ERROR") << Colors::Grey << false;
     }
     void alarmColours()
     {
@@ -322,8 +335,9 @@ private slots:
         a.state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
         a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
-        rig.feed("  50\x07" + reading + "\x07");
-        QCOMPARE(a.main.lblCurrentTemp.caption(), QString::fromLatin1(reading.trimmed()));
+        rig.feed("  90\x07" + reading + "\x07");
+        QCOMPARE(a.main.lblCurrentTemp.caption(),
+            QString::fromLatin1(colour == Colors::Grey ? "90" : reading.trimmed()));
         QCOMPARE(a.main.lblCurrentTemp.foreColor(), colour);
         QCOMPARE(a.main.lblStatCurrentTemp.foreColor(), colour);
         QVERIFY(a.main.lblStatCurrentTemp.visible());
