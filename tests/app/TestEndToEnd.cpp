@@ -13,6 +13,7 @@
 #include "link/sim/SimulatedInstrument.h"
 #include "ui/QtSerialPort.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -52,6 +53,23 @@ public:
     {
         QFile file(dir.filePath(QStringLiteral("LAST_OBTAINED_DATA_PTS.dat")));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    // What LAST_OBTAINED_DATA_PTS.dat holds after its heading for the records sent: the
+    // parameter block's lines, its reading, then each reading, spaces turned into tabs.
+    QByteArray expectedReadings() const
+    {
+        QByteArray expected;
+        const QByteArray block = sent.front();
+        const QList<QByteArray> blockLines = block.left(block.size() - 1).split('\n');
+        for (const QByteArray& line : blockLines.mid(0, 9))
+            expected += '\t' + line + "\r\n";
+        expected += "\t\r\n" + blockLines.at(10) + "\r\n";
+        for (const QByteArray& record : sent.mid(1)) {
+            QString line = QString::fromLatin1(record.left(record.size() - 1));
+            expected += StringUtils::SpacesToTabs(line).toLatin1() + "\r\n";
+        }
+        return expected;
     }
 
     QTemporaryDir dir;
@@ -109,25 +127,13 @@ private slots:
             (QStringList { DemoController::summaryTitle(), "SAVE PLOTTED DATA TO FILE?" }));
 
         // Every reading of the run is in the file, in order, as the program logs it.
-        QByteArray expected;
-        const QByteArray block = rig.sent.front();
-        QVERIFY(block.startsWith('\x0b'));
-        for (const QByteArray& line : block.left(block.size() - 1).split('\n').mid(0, 9))
-            expected += '\t' + line + "\r\n";
-        const QList<QByteArray> blockLines = block.split('\n');
-        expected += "\t\r\n" + blockLines.at(10) + "\r\n";
-        int readings = 1;
-        for (const QByteArray& record : rig.sent.mid(1)) {
-            QString line = QString::fromLatin1(record.left(record.size() - 1));
-            expected += StringUtils::SpacesToTabs(line).toLatin1() + "\r\n";
-            ++readings;
-        }
         const QByteArray file = rig.lastObtained();
         QVERIFY(file.startsWith(
             "\tBRANDOK ENGINEERING Infrared Thermometer Data Logging\r\n\tDate: (mm/dd/yy) "));
-        QVERIFY2(file.endsWith(expected), file.right(300).constData());
+        const QByteArray expected = rig.expectedReadings();
+        QCOMPARE(file.mid(file.indexOf(expected.left(20))), expected);
         // Every reading is on the chart too, one interval apart.
-        QCOMPARE(rig.chart.pointCount(1) - 1, readings);
+        QCOMPARE(rig.chart.pointCount(1) - 1, rig.sent.size());
         QCOMPARE(rig.chart.x(1, 2) - rig.chart.x(1, 1), 1.0);
     }
 
@@ -180,6 +186,12 @@ private slots:
         QVERIFY(!a.main.mnuSenseTemperature.checked());
         QVERIFY(!rig.port.isOpen());
         QVERIFY(a.acquisition.TransmissionLost);
+        // Each reading is logged once, and the chooser then cancels cleanly: no file, no box.
+        const QByteArray file = rig.lastObtained();
+        const QByteArray expected = rig.expectedReadings();
+        QCOMPARE(file.mid(file.indexOf(expected.left(20))), expected);
+        QCOMPARE(QDir(rig.dir.path()).entryList({ "*.png", "*.pdf", "*.svg" }), QStringList());
+        QCOMPARE(rig.prompter.titles().size(), 2);
     }
 
     // Random bytes invent no reading and load no block. With this seed two bursts holding a

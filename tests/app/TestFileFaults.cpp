@@ -256,6 +256,15 @@ private slots:
             readOnly.emplace(rig.dir.path());
         }
         rig.prompter.answers.push_back(stop ? Prompter::Answer::Yes : Prompter::Answer::No);
+        // Readings go on being plotted while a box is open.
+        int plottedUnderBoxes = 0;
+        rig.prompter.onShow = [&](const Prompter::Message& box) {
+            if (box.title != QLatin1String("DATA FILE NOT WRITTEN"))
+                return;
+            const int before = rig.chart.pointCount(1);
+            rig.feed("  83\x07");
+            plottedUnderBoxes += rig.chart.pointCount(1) - before;
+        };
         rig.startSensing();
         rig.feed("  80\x07");
         if (disk) { // every byte left taken
@@ -284,7 +293,8 @@ private slots:
             = { QStringLiteral("LAST_OBTAINED_DATA_PTS.dat"), QStringLiteral("datatemp.dat") };
         QCOMPARE(told, stop ? files.mid(0, 1) : files);
         QCOMPARE(a.main.mnuSenseTemperature.checked(), !stop);
-        QCOMPARE(rig.chart.pointCount(1) - 1, stop ? 2001 : 2002);
+        QCOMPARE(plottedUnderBoxes, told.size());
+        QCOMPARE(rig.chart.pointCount(1) - 1, stop ? 2002 : 2004);
     }
 };
 TALAVEX_TEST(TestFileFaults)

@@ -18,6 +18,10 @@ struct WindowRig {
     {
         rig.app().controller.Form_Load();
         window.show();
+        // Keys go to the active window: under a real X server showing alone does not make it so.
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            qWarning("the main window did not become active");
     }
     Application& app() { return rig.app(); }
     // A menu command of the main window, or of another window given as root.
