@@ -98,8 +98,6 @@ public:
     // Milliseconds until the waiting change is drawn: 0 when its replot is asked for at the
     // next pass of the event loop, -1 when nothing waits.
     int msUntilRedraw() const;
-    // Bytes held for a series' drawable points.
-    qint64 reservedBytes(int series) const;
     // True while the series keeps its fast, in-order layout.
     bool seriesInOrder(int series) const;
     // The area a redraw of the points added to series 1 since it was last drawn would cover,
