@@ -32,8 +32,8 @@ class QCustomPlot;
 // made meanwhile are drawn by the next replot.
 //
 // When the only change since the last drawing is readings added at the end of series 1, and the
-// plot is a ChartPlot, only the area around the new stretch of line is drawn again; a live
-// strip chart costs a small fraction of full replots that way.
+// plot is a ChartPlot that can draw in part, only the area around the new stretch of line is
+// drawn again; a live strip chart costs a small fraction of full replots that way.
 
 //
 // The axis limits are kept as set (a minimum above the maximum included) and shown as the
