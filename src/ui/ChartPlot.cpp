@@ -1,4 +1,13 @@
+// ChartPlot's painting and its drawing in part. Everything down to the #else works on
+// QCustomPlot's internals as they are in the one version the build accepts for it (see
+// src/CMakeLists.txt): the plot's paint buffers, background and replot flags, the protected
+// drawing calls of its elements, the pixel by which a replot moves each clip rectangle, and the
+// way QCPGrid draws its lines. A library update could change any of them with no compile error,
+// so with any other version the build leaves this code out; a test compares what it draws with
+// replots.
 #include "ChartPlot.h"
+
+#ifdef TALAVEX_PARTIAL_REDRAW
 
 #include <algorithm>
 #include <cmath>
@@ -25,11 +34,11 @@ protected:
         const QBrush inner = rect ? rect->backgroundBrush() : QBrush();
         if (!rect || !rect->realVisibility() || inner.style() != Qt::SolidPattern
             || inner.color().alpha() != 255 || !rect->background().isNull()) {
-            painter->fillRect(plot_->viewport(), plot_->backgroundBrush());
+            painter->fillRect(plot_->viewport(), plot_->mBackgroundBrush);
             return;
         }
         for (const QRect& part : QRegion(plot_->viewport()).subtracted(rect->rect()))
-            painter->fillRect(part, plot_->backgroundBrush());
+            painter->fillRect(part, plot_->mBackgroundBrush);
     }
 
 private:
@@ -191,6 +200,8 @@ private:
 };
 } // namespace
 
+bool ChartPlot::drawsInPart() { return true; }
+
 ChartPlot::ChartPlot(QWidget* parent)
     : QCustomPlot(parent)
 {
@@ -271,3 +282,21 @@ bool ChartPlot::redrawArea(const QRect& area)
     emit areaRedrawn(part);
     return true;
 }
+
+#else
+
+bool ChartPlot::drawsInPart() { return false; }
+
+ChartPlot::ChartPlot(QWidget* parent)
+    : QCustomPlot(parent)
+{
+    // One buffer for every layer, as above.
+    layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical);
+}
+
+bool ChartPlot::paintsOpaque() const { return false; }
+void ChartPlot::paintEvent(QPaintEvent* event) { QCustomPlot::paintEvent(event); }
+void ChartPlot::updateLayout() { QCustomPlot::updateLayout(); }
+bool ChartPlot::redrawArea(const QRect&) { return false; }
+
+#endif

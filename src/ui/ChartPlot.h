@@ -9,11 +9,17 @@
 //
 // The background is drawn by a layer of its own ("fill") under all the others, with the plot's
 // background brush. A brush that is not a plain opaque colour falls back to the usual painting.
+//
+// All of this works on QCustomPlot's internals, and so does redrawArea(); ChartPlot.cpp alone
+// holds that code, and the build takes it only with the QCustomPlot version it was written for.
+// With any other the plot paints and replots as a plain QCustomPlot (drawsInPart() is false).
 class ChartPlot : public QCustomPlot {
     Q_OBJECT
 public:
     explicit ChartPlot(QWidget* parent = nullptr);
 
+    // True when this build can draw the picture in part.
+    static bool drawsInPart();
     // True while repaints copy the buffer as it is.
     bool paintsOpaque() const;
 
@@ -35,5 +41,4 @@ protected:
 
 private:
     friend class ViewportFill;
-    const QBrush& backgroundBrush() const { return mBackgroundBrush; }
 };

@@ -3,32 +3,30 @@
 #include <algorithm>
 #include <qcustomplot.h>
 
-// The graph's sorted container with index access and a gentler growth than doubling, so a long
-// record costs about 16 to 20 bytes a point instead of up to 32.
+// The graph's sorted container, read and written by index through its own public calls.
 class ReadingStore : public QCPGraphDataContainer {
 public:
-    static constexpr qsizetype MinimumGrowth = 1024;
+    const QCPGraphData& point(int index) const { return *(constBegin() + index); }
+    QCPGraphData& point(int index) { return *(begin() + index); }
+    void append(double key, double value) { add(QCPGraphData(key, value)); }
 
-    qsizetype count() const { return mData.size() - mPreallocSize; }
-    const QCPGraphData& at(qsizetype index) const { return mData.at(mPreallocSize + index); }
-    QCPGraphData& at(qsizetype index) { return mData[mPreallocSize + index]; }
-
-    void append(double key, double value)
+    // Keeps the first `size` points. The container cuts by key and gives memory back by itself;
+    // where a cut by key would not fall at `size` (an equal key on both sides of it, say), the
+    // first points are set anew.
+    void truncate(int size)
     {
-        if (mData.size() == mData.capacity())
-            mData.reserve(mData.capacity() + std::max(mData.capacity() / 4, MinimumGrowth));
-        mData.append(QCPGraphData(key, value));
+        if (size >= this->size())
+            return;
+        const const_iterator kept = constBegin() + size;
+        if (size > 0
+            && std::upper_bound(
+                   constBegin(), constEnd(), *(kept - 1), qcpLessThanSortKey<QCPGraphData>)
+                == kept) {
+            removeAfter((kept - 1)->key);
+            return;
+        }
+        set(QVector<QCPGraphData>(constBegin(), kept), true);
     }
-
-    // Keeps the first `size` points; memory goes back when most of it is no longer needed.
-    void truncate(qsizetype size)
-    {
-        mData.resize(mPreallocSize + size);
-        if (mData.capacity() > 4 * (mData.size() + MinimumGrowth))
-            mData.squeeze();
-    }
-
-    qint64 reservedBytes() const { return qint64(mData.capacity()) * qint64(sizeof(QCPGraphData)); }
 };
 
 PlotSeries::PlotSeries(QCPGraph* graph, const double& emptyValue)
@@ -42,7 +40,7 @@ PlotSeries::PlotSeries(QCPGraph* graph, const double& emptyValue)
 
 PlotSeries::~PlotSeries() = default;
 
-int PlotSeries::drawn() const { return int(store_->count()); }
+int PlotSeries::drawn() const { return store_->size(); }
 
 PlotSeries::Point PlotSeries::point(int index) const
 {
@@ -50,7 +48,7 @@ PlotSeries::Point PlotSeries::point(int index) const
         return all_[std::size_t(index - 1)];
     const int m = drawn();
     if (index <= m) {
-        const QCPGraphData& d = store_->at(index - 1);
+        const QCPGraphData& d = store_->point(index - 1);
         return { d.key, d.value };
     }
     if (index == m + 1)
@@ -98,10 +96,10 @@ void PlotSeries::setPoint(int index, const Point& p)
     if (index <= m) {
         if (drawable(p)) {
             // Written in place as long as the X order holds.
-            const bool afterPrevious = index == 1 || store_->at(index - 2).key <= p.x;
-            const bool beforeNext = index == m || p.x <= store_->at(index).key;
+            const bool afterPrevious = index == 1 || store_->point(index - 2).key <= p.x;
+            const bool beforeNext = index == m || p.x <= store_->point(index).key;
             if (afterPrevious && beforeNext) {
-                QCPGraphData& d = store_->at(index - 1);
+                QCPGraphData& d = store_->point(index - 1);
                 d.key = p.x;
                 d.value = p.y;
                 touch(index - 1);
@@ -139,7 +137,7 @@ void PlotSeries::absorbNext()
     if (!drawable(next_))
         return;
     const int m = drawn();
-    if (m > 0 && next_.x < store_->at(m - 1).key) {
+    if (m > 0 && next_.x < store_->point(m - 1).key) {
         makeGeneral();
         return;
     }
@@ -159,7 +157,7 @@ void PlotSeries::demoteLast()
     const int m = drawn();
     if (next_.x != empty_ || next_.y != empty_)
         later_[m + 1] = next_;
-    const QCPGraphData d = store_->at(m - 1);
+    const QCPGraphData d = store_->point(m - 1);
     next_ = { d.key, d.value };
     store_->truncate(m - 1);
     touch(m - 1);
@@ -245,8 +243,6 @@ void PlotSeries::sync()
     store_->set(points, true);
     dirty_ = false;
 }
-
-qint64 PlotSeries::reservedBytes() const { return store_->reservedBytes(); }
 
 void PlotSeries::markDrawn()
 {

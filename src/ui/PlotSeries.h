@@ -48,8 +48,6 @@ public:
     void sync();
     // True while the series keeps the fast layout.
     bool inOrder() const { return inOrder_; }
-    // Bytes held for the graph's points (capacity, not size).
-    qint64 reservedBytes() const;
 
     // Drawing in part. markDrawn() notes that the graph has just been drawn as it stands; until
     // the next call, the series knows whether its graph has only gained points at its end (which

@@ -316,12 +316,6 @@ void QCustomPlotSurface::setColor(Color which, qint64 rgb)
     changed();
 }
 
-qint64 QCustomPlotSurface::reservedBytes(int series) const
-{
-    const PlotSeries* s = find(series);
-    return s ? s->reservedBytes() : 0;
-}
-
 bool QCustomPlotSurface::seriesInOrder(int series) const
 {
     const PlotSeries* s = find(series);

@@ -32,8 +32,8 @@ class QCustomPlot;
 // made meanwhile are drawn by the next replot.
 //
 // When the only change since the last drawing is readings added at the end of series 1, and the
-// plot is a ChartPlot, only the area around the new stretch of line is drawn again; a live
-// strip chart costs a small fraction of full replots that way.
+// plot is a ChartPlot that can draw in part, only the area around the new stretch of line is
+// drawn again; a live strip chart costs a small fraction of full replots that way.
 
 //
 // The axis limits are kept as set (a minimum above the maximum included) and shown as the
@@ -98,8 +98,6 @@ public:
     // Milliseconds until the waiting change is drawn: 0 when its replot is asked for at the
     // next pass of the event loop, -1 when nothing waits.
     int msUntilRedraw() const;
-    // Bytes held for a series' drawable points.
-    qint64 reservedBytes(int series) const;
     // True while the series keeps its fast, in-order layout.
     bool seriesInOrder(int series) const;
     // The area a redraw of the points added to series 1 since it was last drawn would cover,

@@ -131,7 +131,7 @@ QRect QCustomPlotSurface::addedPointsArea() const
 QCustomPlotSurface::Drawing QCustomPlotSurface::drawAddedPoints()
 {
     auto* chart = qobject_cast<ChartPlot*>(&plot_);
-    if (!chart || !drawnView_ || !(*drawnView_ == currentView()))
+    if (!chart || !chart->paintsOpaque() || !drawnView_ || !(*drawnView_ == currentView()))
         return Drawing::NeedsReplot;
     for (std::size_t i = 1; i < series_.size(); ++i) {
         if (!series_[i]->graphUnchanged())

@@ -243,13 +243,17 @@ private slots:
         int pointsWait = -2;
         int viewWait = -2;
         QMetaObject::Connection once;
-        once = connect(&rig.plot, &ChartPlot::areaRedrawn, this, [&] {
+        const auto firstDrawing = [&] {
             disconnect(once);
             rig.surface.setY(1, 1, 5);
             pointsWait = rig.surface.msUntilRedraw();
             rig.surface.setAxisMax(Axis::Y, 200);
             viewWait = rig.surface.msUntilRedraw();
-        });
+        };
+        if (ChartPlot::drawsInPart())
+            once = connect(&rig.plot, &ChartPlot::areaRedrawn, this, firstDrawing);
+        else
+            once = connect(&rig.plot, &QCustomPlot::afterReplot, this, firstDrawing);
         QTRY_VERIFY(viewWait != -2);
         QVERIFY2(pointsWait > QCustomPlotSurface::FrameMs, qPrintable(QString::number(pointsWait)));
         QVERIFY2(viewWait <= QCustomPlotSurface::FrameMs, qPrintable(QString::number(viewWait)));
@@ -365,8 +369,10 @@ private slots:
         }
         QTRY_VERIFY(!rig.surface.redrawPending());
         QTest::qWait(30);
-        QCOMPARE(parts.count(), drawing == QLatin1String("part") ? 1 : 0);
-        QCOMPARE(replots.count(), drawing == QLatin1String("replot") ? 1 : 0);
+        // A build that cannot draw in part replots instead.
+        const bool inPart = drawing == QLatin1String("part") && ChartPlot::drawsInPart();
+        QCOMPARE(parts.count(), inPart ? 1 : 0);
+        QCOMPARE(replots.count(), inPart ? 0 : 1);
 
         const QImage shown = rig.plot.grab().toImage();
         rig.draw();
@@ -414,7 +420,7 @@ private slots:
         rig.surface.setX(1, 2, 10);
         rig.surface.setY(1, 2, 5);
         rig.draw();
-        QCOMPARE(rig.plot.paintsOpaque(), opaque);
+        QCOMPARE(rig.plot.paintsOpaque(), opaque && ChartPlot::drawsInPart());
 
         const QImage shot = rig.plot.grab().toImage();
         if (opaque) {
