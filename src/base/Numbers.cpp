@@ -150,7 +150,8 @@ std::optional<qint16> TextToInt16(const QString& text)
 {
     if (!IsNumeric(text))
         return std::nullopt;
-    return ToInt16(Val(text));
+    // A number beyond the range of a double is out of range, not 0.
+    return ToInt16(ValUnbounded(text));
 }
 
 QString Format(double value, const QString& pattern)

@@ -134,6 +134,7 @@ private slots:
         QVERIFY(!Numbers::TextToInt16("COM2").has_value());
         QVERIFY(!Numbers::TextToInt16("").has_value());
         QVERIFY(!Numbers::TextToInt16("40000").has_value());
+        QVERIFY(!Numbers::TextToInt16("1E999").has_value());
     }
 
     void format_data()
