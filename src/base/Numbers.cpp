@@ -164,12 +164,8 @@ QString Format(double value, const QString& pattern)
     const bool leadingZero = integerPart.contains(QLatin1Char('0'));
 
     const double scale = std::pow(10.0, decimals);
-    const double raw = value * scale;
-    const double nearest = std::round(raw);
-    // A product that is a whole number but for representation error is taken as that number.
-    const double scaled = std::fabs(raw - nearest) < 1e-9 * std::max(1.0, std::fabs(raw))
-        ? nearest
-        : RoundHalfEven(raw);
+    // Half to even; a product off a whole number by representation error rounds to it as well.
+    const double scaled = RoundHalfEven(value * scale);
     const bool negative = scaled < 0;
     QString digits = QString::number(std::fabs(scaled), 'f', 0);
     while (digits.size() <= decimals)
