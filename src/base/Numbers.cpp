@@ -150,7 +150,8 @@ std::optional<qint16> TextToInt16(const QString& text)
 {
     if (!IsNumeric(text))
         return std::nullopt;
-    return ToInt16(Val(text));
+    // A number beyond the range of a double is out of range, not 0.
+    return ToInt16(ValUnbounded(text));
 }
 
 QString Format(double value, const QString& pattern)
@@ -163,12 +164,8 @@ QString Format(double value, const QString& pattern)
     const bool leadingZero = integerPart.contains(QLatin1Char('0'));
 
     const double scale = std::pow(10.0, decimals);
-    const double raw = value * scale;
-    const double nearest = std::round(raw);
-    // A product that is a whole number but for representation error is taken as that number.
-    const double scaled = std::fabs(raw - nearest) < 1e-9 * std::max(1.0, std::fabs(raw))
-        ? nearest
-        : RoundHalfEven(raw);
+    // Half to even; a product off a whole number by representation error rounds to it as well.
+    const double scaled = RoundHalfEven(value * scale);
     const bool negative = scaled < 0;
     QString digits = QString::number(std::fabs(scaled), 'f', 0);
     while (digits.size() <= decimals)

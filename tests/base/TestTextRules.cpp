@@ -134,6 +134,7 @@ private slots:
         QVERIFY(!Numbers::TextToInt16("COM2").has_value());
         QVERIFY(!Numbers::TextToInt16("").has_value());
         QVERIFY(!Numbers::TextToInt16("40000").has_value());
+        QVERIFY(!Numbers::TextToInt16("1E999").has_value());
     }
 
     void format_data()
@@ -142,6 +143,7 @@ private slots:
         QTest::addColumn<double>("value");
         QTest::addColumn<QString>("expected");
         QTest::newRow("0 rounds half even") << "0" << 2.5 << "2";
+        QTest::newRow("0 rounds half even above 5E8") << "0" << 566666666.5 << "566666666";
         QTest::newRow("0.# one decimal") << "0.#" << 1.25 << "1.2";
         QTest::newRow("0.# whole") << "0.#" << 3.0 << "3";
         QTest::newRow("#.## trims zeros") << "#.##" << 12.5 << "12.5";
