@@ -3,222 +3,194 @@
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
+#include "app/CommandLine.h"
+
 #include <QDir>
-#include <QFile>
 #include <QTest>
 
 using Axis = ChartSurface::Axis;
-
-namespace {
 using settingslines::factory;
 using settingslines::linesOf;
-using testfiles::readAll;
-void writeBytes(const QString& path, const QByteArray& bytes) { settingslines::write(path, bytes); }
-// A file in which every entry differs from the factory settings and is one the program keeps.
-QStringList everyEntryChanged()
-{
-    return { "250", "-20", "120", "10", "spare A", "spare B", "DEG C", "MINUTES", "0", "1", "0",
-        "300", "-10", "200", "40", "0", "1", "0", "2", "2", "300", "1", "0" };
-}
-} // namespace
 
+// "Settings.dat" between the program and the disk, and the main window's own commands.
 class TestSettingsFileIO : public QObject {
     Q_OBJECT
 private slots:
-    void everyEntrySurvivesARestart()
+    // Every entry changed is applied at start and written back as it was at exit; CREATE
+    // SETTINGS FILE writes the live state.
+    void restart()
     {
-        AppRig first;
-        writeBytes(first.dir.filePath("Settings.dat"), linesOf(everyEntryChanged()));
-        first.app().controller.Form_Load();
-        QCOMPARE(first.chart.axisMax(Axis::Y), 250.0);
-        QCOMPARE(first.chart.axisMin(Axis::X), 10.0);
-        QCOMPARE(first.chart.axisTitle(Axis::Y), QStringLiteral("DEG C"));
-        QCOMPARE(first.chart.axisTitle(Axis::X), QStringLiteral("MINUTES"));
-        QVERIFY(first.app().main.mnuAutoCompressed.checked());
-        QVERIFY(!first.app().main.mnuRealTimeGraphOn.checked());
-        QVERIFY(first.app().main.mnuScopeChart.checked());
-        QVERIFY(first.app().main.mnuDispLimits.checked());
-        QVERIFY(!first.app().main.mnuAutoScaleYAxis.checked());
-        QCOMPARE(first.app().state.CommPortNumber, qint16(2));
-        QCOMPARE(first.app().state.TimeUnitIndex, qint16(1));
-        first.app().controller.Shutdown();
-        QCOMPARE(readAll(first.dir.filePath("Settings.dat")), linesOf(everyEntryChanged()));
-    }
-
-    void createSettingsFileWritesTheLiveState()
-    {
+        const QStringList changed { "250", "-20", "120", "10", "spare A", "spare B", "DEG C",
+            "MINUTES", "0", "1", "0", "300", "-10", "200", "40", "0", "1", "0", "2", "2", "300",
+            "1", "0" };
         AppRig rig;
-        rig.app().controller.Form_Load();
+        Application& a = rig.app();
+        const QString path = rig.dir.filePath("Settings.dat");
+        settingslines::write(path, changed);
+        a.controller.Form_Load();
+        QCOMPARE(QList<double>({ rig.chart.axisMax(Axis::Y), rig.chart.axisMin(Axis::Y),
+                     rig.chart.axisMax(Axis::X), rig.chart.axisMin(Axis::X) }),
+            QList<double>({ 250, -20, 120, 10 }));
+        QCOMPARE(rig.chart.axisTitle(Axis::Y) + '|' + rig.chart.axisTitle(Axis::X),
+            QStringLiteral("DEG C|MINUTES"));
+        QVERIFY(a.main.mnuAutoCompressed.checked() && !a.main.mnuRealTimeGraphOn.checked());
+        QVERIFY(a.main.mnuScopeChart.checked() && a.main.mnuDispLimits.checked());
+        QVERIFY(!a.main.mnuAutoScaleYAxis.checked());
+        QCOMPARE(QList<int>({ a.state.CommPortNumber, a.state.TimeUnitIndex, rig.port.portNumber(),
+                     a.bar.GetMaxTemp(), a.bar.GetLowLimit() }),
+            QList<int>({ 2, 1, 2, 300, 40 }));
+        a.controller.Shutdown();
+        QCOMPARE(testfiles::readAll(path), linesOf(changed));
+
         rig.chart.setAxisMax(Axis::Y, 180);
-        rig.app().main.mnuAutoCompressed.setChecked(true);
-        rig.app().main.mnuRealTimeGraphOn.setChecked(false);
-        rig.app().state.CommPortNumber = 2;
-        rig.app().controller.mnuCreateSettingsFile_Click();
-        QStringList expected = factory();
-        expected[0] = "180";
-        expected[9] = "1";
-        expected[10] = "0";
-        expected[19] = "2";
-        QCOMPARE(readAll(rig.dir.filePath("Settings.dat")), linesOf(expected));
+        a.controller.mnuRealTimeGraphOn_Click();
+        a.state.CommPortNumber = 3;
+        a.controller.mnuCreateSettingsFile_Click();
+        QStringList live = changed;
+        live[0] = "180";
+        live[9] = "0";
+        live[10] = "1";
+        live[19] = "3";
+        QCOMPARE(testfiles::readAll(path), linesOf(live));
     }
 
+    // Whatever the file holds, what is read is applied by its rules, and the next save is a
+    // whole, well-formed file.
     void hostileFiles_data()
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<double>("yMax");
-        QTest::addColumn<QString>("yTitle");
         QTest::addColumn<int>("port");
+        QTest::addColumn<QStringList>("saved"); // "entry=text" in the file saved next
         QByteArray garbage;
         for (int i = 0; i < 4096; ++i)
             garbage += char((i * 7919) & 0xff);
-        QTest::newRow("binary garbage") << garbage << 0.0 << "<any>" << 1;
+        auto with = [](const QStringList& entries) { // "entry=text" over the factory settings
+            QStringList lines = factory();
+            for (const QString& e : entries)
+                lines[e.section('=', 0, 0).toInt()] = e.section('=', 1);
+            return linesOf(lines);
+        };
+        QTest::newRow("binary garbage") << garbage << 0.0 << 1 << QStringList();
         QTest::newRow("one 10 MB line")
-            << QByteArray(10 * 1024 * 1024, '7') << 0.0 << "TEMPERATURE" << 1;
-        QStringList thirty = factory();
-        thirty[0] = "90";
-        for (int i = 0; i < 7; ++i)
-            thirty << "2";
-        QTest::newRow("thirty lines") << linesOf(thirty) << 90.0 << "TEMPERATURE" << 1;
-        QTest::newRow("five lines")
-            << linesOf({ "70", "10", "30", "0", "x" }) << 70.0 << "TEMPERATURE" << 1;
-        QStringList words = factory();
-        words[0] = "hot";
-        words[2] = "12abc";
-        words[19] = "COM2";
-        QTest::newRow("non-numeric entries") << linesOf(words) << 0.0 << "TEMPERATURE" << 1;
-        QStringList port = factory();
-        port[19] = "2";
-        QTest::newRow("port two") << linesOf(port) << 100.0 << "TEMPERATURE" << 2;
+            << QByteArray(10 * 1024 * 1024, '7') << 0.0 << 1 << QStringList { "6=TEMPERATURE" };
+        QTest::newRow("thirty lines") << with({ "0=90" }) + QByteArray("2\r\n").repeated(7) << 90.0
+                                      << 1 << QStringList { "20=300", "22=1" };
+        QTest::newRow("five lines, the rest kept")
+            << linesOf({ "70", "10", "30", "0", "x" }) << 70.0 << 1
+            << QStringList { "2=30", "4=x", "6=TEMPERATURE", "13=85" };
+        QTest::newRow("LF only") << QByteArray("70\n10\n") << 70.0 << 1 << QStringList { "1=10" };
+        QTest::newRow("words") << with({ "0=hot", "2=12abc", "19=COM2" }) << 0.0 << 1
+                               << QStringList { "0=100", "2=12", "19=1" };
+        QTest::newRow("port two") << with({ "19=2" }) << 100.0 << 2 << QStringList { "19=2" };
+        QTest::newRow("a time unit beyond 16 bits ends the apply before the port")
+            << with({ "16=99999", "19=2" }) << 100.0 << 1 << QStringList { "19=1" };
+        QTest::newRow("switches, the fixed entry and spare entries")
+            << with({ "4=keep me", "8=yes", "20=512", "21=", "22=yes", "16=7" }) << 100.0 << 1
+            << QStringList { "4=keep me", "8=0", "20=300", "21=0", "22=0", "16=7" };
+        QTest::newRow("an axis is never saved empty")
+            << with({ "0=50", "1=50", "2=-7", "3=-7" }) << 50.0 << 1
+            << QStringList { "0=150", "1=50", "2=93", "3=-7" };
     }
     void hostileFiles()
     {
         QFETCH(QByteArray, content);
-        QFETCH(double, yMax);
-        QFETCH(QString, yTitle);
-        QFETCH(int, port);
+        QFETCH(QStringList, saved);
         AppRig rig;
         Application& a = rig.app();
-        // The factory settings are in force when the file is read.
-        a.settings.LoadSettings(true);
-        writeBytes(rig.dir.filePath("Settings.dat"), content);
+        a.settings.LoadSettings(true); // the factory settings are in force when it is read
+        testfiles::writeAll(rig.dir.filePath("Settings.dat"), content);
         QVERIFY(a.settings.LoadSettings(false));
-        QCOMPARE(rig.chart.axisMax(Axis::Y), yMax);
-        if (yTitle != QLatin1String("<any>"))
-            QCOMPARE(rig.chart.axisTitle(Axis::Y), yTitle);
-        QCOMPARE(int(a.state.CommPortNumber), port);
-        for (const QString& entry : a.state.SettingsValues.lines())
-            QVERIFY(entry.size() <= 1024);
-        // Whatever was read, the next save is a whole, well-formed file.
+        QTEST(rig.chart.axisMax(Axis::Y), "yMax");
+        QTEST(int(a.state.CommPortNumber), "port");
         QVERIFY(a.settings.SaveSettings());
-        const QByteArray saved = readAll(rig.dir.filePath("Settings.dat"));
-        QCOMPARE(saved.count("\r\n"), 23);
-        QVERIFY(saved.endsWith("\r\n"));
-        QStringList lines = QString::fromLatin1(saved).split(QStringLiteral("\r\n"));
-        QCOMPARE(lines.at(20), QStringLiteral("300"));
-        QVERIFY(lines.at(8) == QLatin1String("0") || lines.at(8) == QLatin1String("1"));
-        QVERIFY(lines.at(0) != lines.at(1));
+        const QStringList lines = settingslines::read(rig.dir.filePath("Settings.dat"));
+        QCOMPARE(lines.size(), 23);
+        for (const QString& line : lines)
+            QVERIFY(line.size() <= 1024);
+        for (const QString& fact : saved)
+            QCOMPARE(
+                fact.section('=', 0, 0) + '=' + lines.at(fact.section('=', 0, 0).toInt()), fact);
     }
 
-    void shortFileKeepsTheRest()
-    {
-        AppRig rig;
-        Application& a = rig.app();
-        a.settings.LoadSettings(true);
-        writeBytes(rig.dir.filePath("Settings.dat"), linesOf({ "70", "10", "30", "0", "x" }));
-        a.settings.LoadSettings(false);
-        QCOMPARE(a.state.SettingsValues.spare4.text, QStringLiteral("x"));
-        QCOMPARE(a.state.SettingsValues.highAlarmLimit.text, QStringLiteral("85"));
-        QCOMPARE(a.state.SettingsValues.yAxisTitle.text, QStringLiteral("TEMPERATURE"));
-        QCOMPARE(rig.chart.axisMax(Axis::X), 30.0);
-    }
-
-    void missingOrUnreadableUsesTheDefaults_data()
+    // No user file, or one that cannot be read: the factory file beside the program, else the
+    // copy built into it.
+    void defaults_data()
     {
         QTest::addColumn<bool>("folderInTheWay");
-        QTest::newRow("missing") << false;
-        QTest::newRow("a folder of that name") << true;
+        QTest::addColumn<bool>("factoryFile");
+        QTest::addColumn<QString>("yTitle");
+        QTest::newRow("missing") << false << true << "SHIPPED";
+        QTest::newRow("a folder of that name") << true << true << "SHIPPED";
+        QTest::newRow("the copy built in") << false << false << "TEMPERATURE";
     }
-    void missingOrUnreadableUsesTheDefaults()
+    void defaults()
     {
         QFETCH(bool, folderInTheWay);
+        QFETCH(bool, factoryFile);
         AppRig rig;
         if (folderInTheWay)
             QDir(rig.dir.path()).mkdir(QStringLiteral("Settings.dat"));
-        QStringList defaults = factory();
-        defaults[6] = "SHIPPED";
-        writeBytes(rig.dir.filePath("DefaultSettings.dat"), linesOf(defaults));
+        QStringList shipped = factory();
+        shipped[6] = "SHIPPED";
+        if (factoryFile)
+            settingslines::write(rig.dir.filePath("DefaultSettings.dat"), shipped);
+        rig.chart.setAxisMax(Axis::Y, 7);
         QVERIFY(rig.app().settings.LoadSettings(false));
-        QCOMPARE(rig.chart.axisTitle(Axis::Y), QStringLiteral("SHIPPED"));
+        QTEST(rig.chart.axisTitle(Axis::Y), "yTitle");
+        QCOMPARE(rig.chart.axisMax(Axis::Y), 100.0);
     }
 
-    void shippedDefaultsMatchTheBuiltInOnes()
+    // The memory check, the two plotting modes, the command line, and the port closed before
+    // the settings are saved at exit.
+    void mainWindow()
     {
-        const QString source = qEnvironmentVariable("TALAVEX_SOURCE_DIR");
-        QVERIFY(!source.isEmpty());
-        QCOMPARE(
-            readAll(source + QStringLiteral("/resources/DefaultSettings.dat")), linesOf(factory()));
-    }
-
-    void stepsRunInOrder_data()
-    {
-        QTest::addColumn<QString>("unit");
-        QTest::addColumn<int>("portAfter");
-        QTest::addColumn<QString>("port");
-        QTest::newRow("all steps, port last") << "1" << 2 << "2";
-        QTest::newRow("time unit fails: the port is left") << "99999" << 1 << "2";
-        QTest::newRow("port that is no number is left") << "1" << 1 << "two";
-    }
-    void stepsRunInOrder()
-    {
-        QFETCH(QString, unit);
-        QFETCH(QString, port);
-        QFETCH(int, portAfter);
+        for (const auto& [bytes, warns] :
+            { std::pair { 16000000ull, false }, std::pair { 15000000ull, true } }) {
+            AppRig rig;
+            rig.systemInfo.totalMemory = bytes;
+            rig.app().controller.CheckMemory();
+            QCOMPARE(rig.prompter.titles(),
+                warns ? QStringList { "WARNING - SYSTEM'S RAM BELOW REQUIREMENTS" }
+                      : QStringList());
+        }
+        for (const QString clicks : { "SC", "CS", "SS", "CC" }) { // strip chart, compressed
+            AppRig rig;
+            MainWindowModel& m = rig.app().main;
+            m.mnuRealTimeGraphOn.setChecked(false);
+            for (const QChar c : clicks)
+                c == 'S' ? rig.app().controller.mnuRealTimeGraphOn_Click()
+                         : rig.app().controller.mnuAutoCompressed_Click();
+            const bool twice = clicks[0] == clicks[1];
+            QCOMPARE(m.mnuRealTimeGraphOn.checked(), !twice && clicks[1] == 'S');
+            QCOMPARE(m.mnuAutoCompressed.checked(), !twice && clicks[1] == 'C');
+        }
+        const struct {
+            QStringList arguments;
+            QString parsed; // demo, splash, home, port; or "error"
+        } lines[] = { { {}, "0 1 0 " }, { { "--demo", "--no-splash", "--home" }, "1 0 1 " },
+            { { "--port", "/dev/ttyUSB0", "stray" }, "0 1 0 /dev/ttyUSB0" },
+            { { "--port=/dev/pts/3" }, "0 1 0 /dev/pts/3" }, { { "--port" }, "error" },
+            { { "--port", "--demo" }, "error" }, { { "--fast" }, "error" }, { { "-h" }, "error" } };
+        for (const auto& line : lines) {
+            const CommandLine c = CommandLine::parse(QStringList { "talavex" } + line.arguments);
+            QCOMPARE(c.error.isEmpty() ? QStringLiteral("%1 %2 %3 %4")
+                                             .arg(c.demo)
+                                             .arg(c.splash)
+                                             .arg(c.home)
+                                             .arg(c.portDevice)
+                                       : QStringLiteral("error"),
+                line.parsed);
+        }
         AppRig rig;
-        SettingsFileIO& io = rig.app().settings;
-        QStringList ran;
-        auto chartTimeUnit = io.steps.applyTimeUnit;
-        io.steps.applyChartAxes = [&](Settings&) { ran << "axes"; };
-        io.steps.applyChartFlags = [&](Settings& s) {
-            ran << "flags";
-            s.yAutoRange.text = QStringLiteral("maybe");
-        };
-        io.steps.applyTempBar = [&](Settings&) { ran << "bar"; };
-        io.steps.applyTimeUnit = [&](Settings& s) {
-            ran << "unit";
-            return chartTimeUnit(s);
-        };
-        auto& v = rig.app().state.SettingsValues;
-        v.timeUnit.text = unit;
-        v.commPort.text = port;
-        v.limitLinesShown.text = QStringLiteral("1");
-        io.ApplySettings();
-        QCOMPARE(ran, QStringList({ "axes", "flags", "bar", "unit" }));
-        QCOMPARE(int(rig.app().state.CommPortNumber), portAfter);
-        // Whatever the chart's step leaves, the two flags end as "1" or "0".
-        QCOMPARE(v.yAutoRange.text, QStringLiteral("0"));
-        QCOMPARE(v.limitLinesShown.text, QStringLiteral("1"));
-    }
-
-    void gatherRulesHoldOverTheSteps()
-    {
-        AppRig rig;
-        SettingsFileIO& io = rig.app().settings;
-        io.steps.gatherChart = [](Settings& s) {
-            s.yAxisMax.text = s.yAxisMin.text = QStringLiteral("50");
-            s.xAxisMax.text = s.xAxisMin.text = QStringLiteral("-7");
-        };
-        auto& v = rig.app().state.SettingsValues;
-        v.tempBarMax.text = QStringLiteral("from bar");
-        v.setLine(20, QStringLiteral("512"));
-        v.audibleAlarms.text = QStringLiteral("yes");
-        v.spare4.text = QStringLiteral("left");
-        io.GatherSettings();
-        QCOMPARE(v.yAxisMax.text, QStringLiteral("150"));
-        QCOMPARE(v.xAxisMax.text, QStringLiteral("93"));
-        QCOMPARE(v.tempBarMax.text, QStringLiteral("from bar"));
-        QCOMPARE(v.line(20), QStringLiteral("300"));
-        QCOMPARE(v.audibleAlarms.text, QStringLiteral("0"));
-        QCOMPARE(v.spare4.text, QStringLiteral("left"));
+        rig.app().controller.Form_Load();
+        rig.startSensing();
+        bool savedBeforeClose = true;
+        rig.port.onClose
+            = [&] { savedBeforeClose = QFile::exists(rig.dir.filePath("Settings.dat")); };
+        rig.app().controller.Shutdown();
+        QVERIFY(!rig.port.isOpen() && !savedBeforeClose);
+        QVERIFY(QFile::exists(rig.dir.filePath("Settings.dat")));
     }
 };
 TALAVEX_TEST(TestSettingsFileIO)

@@ -1,173 +1,244 @@
 #include "support/FakeClock.h"
+#include "support/FakePrompter.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
 #include "base/AppState.h"
-#include "base/MainWindowModel.h"
+#include "base/ViewModel.h"
+#include "store/DataPointFiles.h"
 #include "store/DataPointStore.h"
 #include "store/FileHeader.h"
 #include "store/LastObtainedFile.h"
-#include "store/SettingsFile.h"
+#include "store/LiveLog.h"
+#include "store/PreviousRuns.h"
+#include "store/SpreadsheetExport.h"
+#include "store/TextExport.h"
 
-#include <QFile>
-#include <QSignalSpy>
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+#include <ctime>
 
 namespace {
 using testfiles::readAll;
 using testfiles::writeAll;
+const QByteArray Title = "BRANDOK ENGINEERING Infrared Thermometer Data Logging";
 } // namespace
 
+// The work files the program keeps, each read back byte for byte.
 class TestStoreFiles : public QObject {
     Q_OBJECT
 private slots:
-    void settingsRead_data()
+    // The two files of a run reach the disk line by line, in local time from UTC instants, stop
+    // after close, and fail whole on a full disk.
+    void liveFiles()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<int>("filled"); // how many leading entries the file sets
-        QTest::addColumn<QString>("first");
-        QByteArray thirty;
-        for (int i = 0; i < 30; ++i)
-            thirty += QByteArray::number(i) + "\r\n";
-        QTest::newRow("thirty lines read as 23") << thirty << 23 << "0";
-        QTest::newRow("five lines fill five")
-            << QByteArray("9\r\n8\r\n7\r\n6\r\n5\r\n") << 5 << "9";
-        QTest::newRow("LF only") << QByteArray("a\nb\n") << 2 << "a";
-        QTest::newRow("last line without end") << QByteArray("a\r\nb") << 2 << "a";
-        QTest::newRow("empty file") << QByteArray() << 0 << "keep";
-        QTest::newRow("binary garbage") << QByteArray("\x00\x01\xff\xfe\r\n\x7f", 7) << 2
-                                        << QString::fromLatin1("\x00\x01\xff\xfe", 4);
-    }
-    void settingsRead()
-    {
-        QFETCH(QByteArray, content);
-        QFETCH(int, filled);
-        QFETCH(QString, first);
+        const QByteArray oldTz = qgetenv("TZ");
+        qputenv("TZ", "EST5");
+        tzset();
         QTemporaryDir dir;
-        const QString path = dir.filePath("Settings.dat");
-        writeAll(path, content);
-        SettingsFile::Values values;
-        values.fill(QStringLiteral("keep"));
-        QVERIFY(SettingsFile::Read(path, values));
-        QCOMPARE(values[0], first);
-        for (int i = filled; i < SettingsFile::Count; ++i)
-            QCOMPARE(values[i], QStringLiteral("keep"));
-        if (filled == 23)
-            QCOMPARE(values[22], QStringLiteral("22"));
-    }
-
-    void settingsHugeLineIsCut()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("Settings.dat");
-        writeAll(path, QByteArray(10 * 1024 * 1024, 'x') + "\r\n150\r\n");
-        SettingsFile::Values values;
-        QVERIFY(SettingsFile::Read(path, values));
-        QCOMPARE(values[0].size(), SettingsFile::MaxLineLength);
-        QCOMPARE(values[1], QStringLiteral("150"));
-    }
-
-    void settingsMissingFile()
-    {
-        SettingsFile::Values values;
-        values.fill(QStringLiteral("keep"));
-        QVERIFY(!SettingsFile::Read(QStringLiteral("/nonexistent/Settings.dat"), values));
-        QCOMPARE(values[0], QStringLiteral("keep"));
-    }
-
-    void settingsWriteIsWholeAndCrLf()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("Settings.dat");
-        SettingsFile::Values values;
-        for (int i = 0; i < SettingsFile::Count; ++i)
-            values[i] = QString::number(i * 10);
-        QVERIFY(SettingsFile::Write(path, values));
-        const QByteArray bytes = readAll(path);
-        QCOMPARE(bytes.count("\r\n"), 23);
-        QVERIFY(bytes.startsWith("0\r\n10\r\n20\r\n"));
-        QVERIFY(bytes.endsWith("220\r\n"));
-        SettingsFile::Values back;
-        QVERIFY(SettingsFile::Read(path, back));
-        QCOMPARE(back, values);
-    }
-
-    void fileHeader_data()
-    {
-        QTest::addColumn<bool>("withParameters");
-        QTest::addColumn<QByteArray>("expected");
-        const QByteArray top = "\tBRANDOK ENGINEERING Infrared Thermometer Data Logging\r\n"
-                               "\tDate: (mm/dd/yy) 03/14/26  Time: 9:05:07 PM\r\n";
-        QTest::newRow("before the instrument spoke") << false << top;
-        QByteArray full = top;
-        for (int i = 0; i < 9; ++i)
-            full += "\t\tP" + QByteArray::number(i) + "\r\n";
-        full += "\r\n";
-        QTest::newRow("with the parameter lines") << true << full;
-    }
-    void fileHeader()
-    {
-        QFETCH(bool, withParameters);
-        QFETCH(QByteArray, expected);
-        AppState state;
-        MainWindowModel main;
-        FakeClock clock;
-        clock.set(QDateTime(QDate(2026, 3, 14), QTime(21, 5, 7)));
-        for (int i = 0; i < 9; ++i)
-            state.Instrument.SystemParameterText[i] = QStringLiteral("P%1").arg(i);
-        if (withParameters)
-            state.Instrument.units = QStringLiteral("DEG F");
-        QCOMPARE(BuildFileHeader(state, clock).toLatin1(), expected);
-    }
-
-    void lastObtainedFileIsOnDiskAfterEachLine()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(LastObtainedFile::FileName);
-        writeAll(path, "previous run\r\n");
+        const QString path = dir.filePath("run.dat");
         LastObtainedFile file;
         QVERIFY(file.open(path));
         file.writeLine(QStringLiteral("  75\tDEG F"));
         QCOMPARE(readAll(path), QByteArray("  75\tDEG F\r\n"));
         file.write(QStringLiteral("\t"));
         file.writeLine(QStringLiteral("76"));
-        QCOMPARE(readAll(path), QByteArray("  75\tDEG F\r\n\t76\r\n"));
         file.close();
         file.writeLine(QStringLiteral("after close"));
         QCOMPARE(readAll(path), QByteArray("  75\tDEG F\r\n\t76\r\n"));
+        const QDateTime start(QDate(2026, 3, 14), QTime(9, 5, 7, 900));
+        LiveLog log;
+        QVERIFY(log.open(path, start));
+        QCOMPARE(readAll(path), ",," + Title + "\r\n");
+        int reading = 0;
+        for (int ms : { 0, 50, 100, 149, 1150, 12340 + 15 * 3600000 })
+            log.writeReading(start.toUTC().addMSecs(ms), reading++);
+        log.close();
+        log.writeReading(start.addSecs(20), 76);
+        oldTz.isNull() ? qunsetenv("TZ") : qputenv("TZ", oldTz);
+        tzset();
+        QCOMPARE(readAll(path),
+            ",," + Title
+                + "\r\n2026-03-14,09:05:07,0,0\r\n2026-03-14,09:05:07,0,1\r\n"
+                  "2026-03-14,09:05:08,0.1,2\r\n2026-03-14,09:05:08,0.1,3\r\n"
+                  "2026-03-14,09:05:09,1.2,4\r\n2026-03-15,00:05:20,54012.3,5\r\n");
+        QVERIFY(!log.open(QStringLiteral("/dev/full"), start));
+        QVERIFY(!log.isOpen() && log.failure() == QLatin1String("No space left on device"));
+        QVERIFY(file.open(QStringLiteral("/dev/full")));
+        file.writeLine(QStringLiteral("75"));
+        QVERIFY(!file.isOpen() && file.failure() == QLatin1String("No space left on device"));
     }
-
-    void storeSignals()
+    // The stored points' file: written anew or appended to, read back without empty lines; a
+    // missing file leaves the store.
+    void storedPointsFile_data()
     {
+        QTest::addColumn<QString>("row"); // saves ("+" first: appended) | file | loaded
+        for (const char* row : { "a\r\n\r\nb|a\r\n\r\nb\r\n|a\r\nb\r\n",
+                 "+x;+x|x\r\nx\r\n|x\r\nx\r\n", "+x;z|z\r\n|z\r\n",
+                 "\r\n\t#001\t75\r\n|\r\n\t#001\t75\r\n\r\n|\t#001\t75\r\n", "|<missing>|kept" })
+            QTest::newRow(row) << QString(row);
+    }
+    void storedPointsFile()
+    {
+        QFETCH(QString, row);
+        const QStringList saves = row.section('|', 0, 0).split(';', Qt::SkipEmptyParts);
+        QTemporaryDir dir;
+        AppState state;
+        state.ProgramDirectory = dir.path();
         DataPointStore store;
-        QSignalSpy appended(&store, &DataPointStore::appended);
-        QSignalSpy replaced(&store, &DataPointStore::replaced);
-        store.append(QStringLiteral("\r\nA\r\n"));
-        store.append(QString());
-        store.append(QStringLiteral("B"));
-        QCOMPARE(store.text(), QStringLiteral("\r\nA\r\nB"));
-        QCOMPARE(appended.count(), 2);
-        store.clear();
-        QCOMPARE(replaced.count(), 1);
-        QVERIFY(store.isEmpty());
+        for (const QString& save : saves) {
+            store.setText(save.startsWith('+') ? save.mid(1) : save);
+            QVERIFY(SaveDataPointStorage(state, store, save.startsWith('+')));
+        }
+        QCOMPARE(readAll(state.filePath(DataPointFiles::StorageFileName)),
+            row.section('|', 1, 1).toLatin1());
+        store.setText(QStringLiteral("kept"));
+        QCOMPARE(LoadDataPointStorage(state, store) == DataPointFiles::Loaded::Yes, !saves.empty());
+        QCOMPARE(store.text(), row.section('|', 2, 2));
     }
-
-    void storedDataPoint_data()
+    // SAVE FILE: a header ($H) unless a download is on hand ("STORED ..."), with the parameter
+    // lines once the instrument gave them; an existing file is appended to (Yes), replaced (No)
+    // or left (Cancel).
+    void saveFile_data()
     {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<bool>("stored");
-        QTest::newRow("empty") << "" << false;
-        QTest::newRow("start") << "#001 75" << true;
-        QTest::newRow("middle") << "75 # 3" << true;
-        QTest::newRow("end") << "75#" << true;
-        QTest::newRow("real-time") << "  1234   DEG F" << false;
+        QTest::addColumn<QString>(
+            "row"); // window caption | store | file before | answer | box | file
+        for (const char* row : { "ACQUIRED ...|75\r\n76|-|||$H\r\n75\r\n76\r\n",
+                 "ACQUIRED ...|75|-|||$H$P\r\n\r\n75\r\n",
+                 "STORED DATA POINTS...|75\r\n76|-|||75\r\n76\r\n",
+                 "RECEIVING...|75|old\r\n|Y|DUPLICATE FILE FOUND|old\r\n$H\r\n75\r\n",
+                 "STORED DATA POINTS...|75|old\r\n|Y|DUPLICATE FILE FOUND|old\r\n75\r\n",
+                 "STORED DATA POINTS...|75|old\r\n|N|DUPLICATE FILE FOUND|75\r\n",
+                 "STORED DATA POINTS...|75|old\r\n|C|DUPLICATE FILE FOUND|old\r\n",
+                 "STORED DATA POINTS...||old\r\n||NO DATA TO SAVE|old\r\n" })
+            QTest::newRow(row) << QString(row);
     }
-    void storedDataPoint()
+    void saveFile()
     {
-        QFETCH(QString, line);
-        QFETCH(bool, stored);
-        QCOMPARE(IsStoredDataPoint(line), stored);
+        QFETCH(QString, row);
+        const QStringList f = row.split('|');
+        QTemporaryDir dir;
+        AppState state;
+        state.ProgramDirectory = dir.path();
+        QByteArray parameters;
+        for (int i = 0; f[5].contains("$P") && i < 9; ++i) {
+            state.Instrument.units = QStringLiteral("DEG F");
+            state.Instrument.SystemParameterText[i] = QStringLiteral("P%1").arg(i);
+            parameters += "\t\tP" + QByteArray::number(i) + "\r\n";
+        }
+        ViewModel window;
+        Control caption { &window, "lblAcquiredPoints", f[0] };
+        DataPointStore points;
+        points.setText(f[1]);
+        FakeClock clock;
+        clock.set(QDateTime(QDate(2026, 3, 14), QTime(21, 5, 7)));
+        FakePrompter prompter;
+        const QString path = dir.filePath("chosen name.txt");
+        if (f[2] != "-")
+            writeAll(path, f[2].toLatin1());
+        prompter.files.push_back(path);
+        const QMap<QString, Prompter::Answer> answers { { "Y", Prompter::Answer::Yes },
+            { "N", Prompter::Answer::No }, { "C", Prompter::Answer::Cancel } };
+        if (answers.contains(f[3]))
+            prompter.answers.push_back(answers[f[3]]);
+        TextExport(state, points, clock, prompter, caption).SaveFile();
+        QCOMPARE(prompter.titles().join(""), f[4]);
+        const QByteArray header
+            = "\t" + Title + "\r\n\tDate: (mm/dd/yy) 03/14/26  Time: 9:05:07 PM\r\n";
+        QCOMPARE(readAll(path), f[5].toLatin1().replace("$H", header).replace("$P", parameters));
+        const auto& choice = prompter.shown.front().choice;
+        QVERIFY(f[1].isEmpty() || choice.directory + choice.filter == dir.path() + "*.txt");
+    }
+    // The workbook's table from a real-time run ("R", elapsed time at 2 s) or from a download
+    // (locations); lines of the header, parameters and stamps become headings, once each.
+    void sheets_data()
+    {
+        QTest::addColumn<QString>("row"); // source | text | rows ("x:y") | headings
+        for (const char* row : { "R|\tTITLE\r\n\tDate\r\n\r\n\x07"
+                                 "BATCH 7\r\n\t  DEG F\r\r\n\t\r\n  1234   DEG F\r\n  1235\t  DEG "
+                                 "F\r\n  12\r\n|0:1234 2:1235 4:12|TITLE;Date;BATCH 7;DEG F",
+                 "R|  ----\t  DEG F\r\n  70\r\nabc\r\n  71\r\n|0:70 2:71|",
+                 "R|\t\tINT      2\r\n\tINT      2\r\n||INT      2",
+                 "D|\r\n\t#007\t75\tDEG F\r\n\r\nEMPTY LOCATION - NO "
+                 "DATA.\r\n\r\n\t#009\t80\r\n|7:75 8: "
+                 "9:80|TITLE",
+                 "D|EMPTY LOCATION - NO DATA.\r\n\t#2\t5\r\n|1: 2:5|TITLE",
+                 "D|\t#001\t1\r\n\t#\t2\r\n\t#003\t----\tDEG F\r\n|1:1 2:2 3:|TITLE",
+                 "D|\x07#BATCH\r\n\t\r\n75\r\n\x07LINE 2\r\n\t#010\t60\r\n|10:60|TITLE;#BATCH;LINE "
+                 "2" })
+            QTest::newRow(row) << QString(row);
+    }
+    void sheets()
+    {
+        QFETCH(QString, row);
+        const QStringList f = row.split('|');
+        const WorkbookSheet sheet = f[0] == "R"
+            ? SheetFromLastObtained(f[1].toLatin1(), 2.0)
+            : SheetFromStore(f[1], { QStringLiteral("\tTITLE") });
+        QStringList rows;
+        for (const WorkbookRow& r : sheet.rows)
+            rows << QString::number(r.x) + ':' + (r.y ? QString::number(*r.y) : "");
+        QCOMPARE(rows.join(' '), f[2]);
+        QCOMPARE(sheet.headings.join(';'), f[3]);
+    }
+    // A new run first keeps the two files of the run before under the time it began (from the
+    // header, else the file's), when either logged a reading, for the last ten such runs.
+    void previousRuns_data()
+    {
+        QTest::addColumn<QString>("runs"); // one an hour: R a reading, E none, H no header,
+                                           // L only a live log, S the same time as the last
+        QTest::addColumn<QString>("kept"); // the times, oldest first
+        QTest::newRow("a run") << "R"
+                               << "T09-05-07";
+        QTest::newRow("a run without readings is not kept") << "RE"
+                                                            << "T09-05-07";
+        QTest::newRow("no header: the file's time") << "H"
+                                                    << "T09-35-07";
+        QTest::newRow("only a live log: its time") << "L"
+                                                   << "T09-35-07";
+        QTest::newRow("the same second twice") << "RS"
+                                               << "T09-05-07 T09-05-07-2";
+        QTest::newRow("the last ten") << "RRRRRRRRRRRR"
+                                      << "T11-05-07 T12-05-07 T13-05-07 T14-05-07 T15-05-07 "
+                                         "T16-05-07 T17-05-07 T18-05-07 T19-05-07 T20-05-07";
+    }
+    void previousRuns()
+    {
+        QFETCH(QString, runs);
+        QFETCH(QString, kept);
+        QTemporaryDir dir;
+        const QString lastObtained = dir.filePath(LastObtainedFile::FileName);
+        const QString liveLog = dir.filePath(LiveLog::FileName);
+        QByteArray last;
+        for (int i = 0; i < runs.size(); ++i) {
+            FakeClock clock;
+            clock.advance(3600.0 * (runs[i] == 'S' ? i - 1 : i));
+            const QByteArray reading = runs[i] == 'E' ? "" : "  75\r\n";
+            const QString path = runs[i] == 'L' ? liveLog : lastObtained;
+            const QByteArray bytes
+                = (QString("HL").contains(runs[i]) ? ""
+                                                   : BuildFileHeader(AppState(), clock).toLatin1())
+                + reading;
+            last = reading.isEmpty() ? last : bytes;
+            writeAll(path, bytes);
+            if (runs[i] != 'L')
+                writeAll(liveLog, ",," + Title + "\r\n" + reading);
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::Append));
+            QVERIFY(file.setFileTime(clock.now().addSecs(1800), QFileDevice::FileModificationTime));
+            file.close();
+            QVERIFY(PreviousRuns::Keep(dir.path()));
+        }
+        QStringList expected;
+        for (const QString& time : kept.split(' ')) {
+            expected << "datatemp.2026-03-14" + time + ".dat";
+            if (runs != "L")
+                expected << "LAST_OBTAINED_DATA_PTS.2026-03-14" + time + ".dat";
+        }
+        expected.sort(Qt::CaseInsensitive);
+        QCOMPARE(QDir(dir.path()).entryList({ "*.2026-*" }, QDir::Files), expected);
+        QCOMPARE(readAll(dir.filePath(expected.last())), last);
     }
 };
 TALAVEX_TEST(TestStoreFiles)
