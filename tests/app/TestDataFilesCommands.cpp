@@ -27,7 +27,7 @@ class TestDataFilesCommands : public QObject {
         {
             QStringList all;
             for (const auto& s : launcher.starts)
-                all << s.program + s.arguments.join('|');
+                all << s.program + ' ' + s.arguments.join('|');
             return all.join(';').replace(dir.path(), "$D");
         }
     };
@@ -35,35 +35,23 @@ private slots:
     // The editor shows a file; one that cannot be found is asked for, and found once it is kept.
     void editor_data()
     {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QStringList>("chosen"); // what the file choosers answer
-        QTest::addColumn<QString>("started");
-        QTest::addColumn<QStringList>("titles");
-        QTest::newRow("load: blanks and quotes stay one argument")
-            << "load" << QStringList { "/my runs/\"q\" 'x'; rm y.txt" }
-            << "$D/bin/gedit/my runs/\"q\" 'x'; rm y.txt" << QStringList();
-        QTest::newRow("load cancelled: the editor alone")
-            << "load" << QStringList { "" } << "$D/bin/gedit" << QStringList();
-        QTest::newRow("no editor: the one located")
-            << "none,new" << QStringList { "/opt/my editor" }
-            << "/opt/my editor$D/LAST_OBTAINED_DATA_PTS.dat"
-            << QStringList { "CANNOT FIND NOTEPAD." };
-        QTest::newRow("no editor, none located")
-            << "none,new" << QStringList { "" } << ""
-            << QStringList { "CANNOT FIND NOTEPAD.", "INVALID FILENAME RECEIVED" };
-        QTest::newRow("the editor found first is kept")
-            << "new,another,points" << QStringList()
-            << "$D/bin/gedit$D/LAST_OBTAINED_DATA_PTS.dat;$D/bin/gedit$D/DPStorage.dat"
-            << QStringList();
+        QTest::addColumn<QString>("row"); // commands | the chooser's answer | started | boxes
+        for (const char* row :
+            { "load|/my runs/\"q\" 'x'; rm y.txt|$D/bin/gedit /my runs/\"q\" 'x'; rm y.txt|",
+                "load||$D/bin/gedit |", // cancelled: the editor alone
+                "none new|/opt/my editor|/opt/my editor $D/LAST_OBTAINED_DATA_PTS.dat|CANNOT FIND "
+                "NOTEPAD.",
+                "none new|||CANNOT FIND NOTEPAD.;INVALID FILENAME RECEIVED",
+                "new another points||$D/bin/gedit $D/LAST_OBTAINED_DATA_PTS.dat;$D/bin/gedit "
+                "$D/DPStorage.dat|" })
+            QTest::newRow(row) << QString(row);
     }
     void editor()
     {
-        QFETCH(QString, command);
-        QFETCH(QStringList, chosen);
+        QFETCH(QString, row);
         Rig rig;
-        for (const QString& file : chosen)
-            rig.prompter.files.push_back(file);
-        for (const QString& step : command.split(',')) {
+        rig.prompter.files.push_back(row.section('|', 1, 1));
+        for (const QString& step : row.section('|', 0, 0).split(' ')) {
             if (step == "none")
                 QFile::remove(rig.dir.filePath("bin/gedit"));
             else if (step == "another") // comes before gedit among the common editors
@@ -76,10 +64,9 @@ private slots:
             else
                 rig.app().files.mnuDownloadedDataPoints_Click();
         }
-        QTEST(rig.started(), "started");
-        QTEST(rig.prompter.titles(), "titles");
+        QCOMPARE(rig.started(), row.section('|', 2, 2));
+        QCOMPARE(rig.prompter.titles().join(';'), row.section('|', 3, 3));
     }
-
     // The view of the downloaded points reads the kept file back into the store, unless a
     // download is on hand; a text stamp is one line and marks the data on hand.
     void storeAndStamp()

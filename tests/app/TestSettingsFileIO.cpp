@@ -54,14 +54,13 @@ private slots:
         QCOMPARE(testfiles::readAll(path), linesOf(live));
     }
 
-    // Whatever the file holds, what is read is applied by its rules, and the next save is a
-    // whole, well-formed file.
+    // Whatever the file holds, what is read is applied by its rules and the next save is a whole,
+    // well-formed file. No file, or one that cannot be read: the factory file beside the program,
+    // else the copy built into it.
     void hostileFiles_data()
     {
         QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<double>("yMax");
-        QTest::addColumn<int>("port");
-        QTest::addColumn<QStringList>("saved"); // "entry=text" in the file saved next
+        QTest::addColumn<QStringList>("facts"); // Y axis max, port, "entry=text" saved next
         QByteArray garbage;
         for (int i = 0; i < 4096; ++i)
             garbage += char((i * 7919) & 0xff);
@@ -71,76 +70,57 @@ private slots:
                 lines[e.section('=', 0, 0).toInt()] = e.section('=', 1);
             return linesOf(lines);
         };
-        QTest::newRow("binary garbage") << garbage << 0.0 << 1 << QStringList();
-        QTest::newRow("one 10 MB line")
-            << QByteArray(10 * 1024 * 1024, '7') << 0.0 << 1 << QStringList { "6=TEMPERATURE" };
-        QTest::newRow("thirty lines") << with({ "0=90" }) + QByteArray("2\r\n").repeated(7) << 90.0
-                                      << 1 << QStringList { "20=300", "22=1" };
-        QTest::newRow("five lines, the rest kept")
-            << linesOf({ "70", "10", "30", "0", "x" }) << 70.0 << 1
-            << QStringList { "2=30", "4=x", "6=TEMPERATURE", "13=85" };
-        QTest::newRow("LF only") << QByteArray("70\n10\n") << 70.0 << 1 << QStringList { "1=10" };
-        QTest::newRow("words") << with({ "0=hot", "2=12abc", "19=COM2" }) << 0.0 << 1
-                               << QStringList { "0=100", "2=12", "19=1" };
-        QTest::newRow("port two") << with({ "19=2" }) << 100.0 << 2 << QStringList { "19=2" };
-        QTest::newRow("a time unit beyond 16 bits ends the apply before the port")
-            << with({ "16=99999", "19=2" }) << 100.0 << 1 << QStringList { "19=1" };
-        QTest::newRow("switches, the fixed entry and spare entries")
-            << with({ "4=keep me", "8=yes", "20=512", "21=", "22=yes", "16=7" }) << 100.0 << 1
-            << QStringList { "4=keep me", "8=0", "20=300", "21=0", "22=0", "16=7" };
-        QTest::newRow("an axis is never saved empty")
-            << with({ "0=50", "1=50", "2=-7", "3=-7" }) << 50.0 << 1
-            << QStringList { "0=150", "1=50", "2=93", "3=-7" };
+        auto row = [](const char* name, const QByteArray& content, const char* facts) {
+            QTest::newRow(name) << content << QString(facts).split(' ');
+        };
+        row("binary garbage", garbage, "0 1");
+        row("one 10 MB line", QByteArray(10 * 1024 * 1024, '7'), "0 1 6=SHIPPED");
+        row("thirty lines", with({ "0=90" }) + QByteArray("2\r\n").repeated(7), "90 1 20=300 22=1");
+        row("five lines, the rest kept", linesOf({ "70", "10", "30", "0", "x" }),
+            "70 1 2=30 4=x 13=85");
+        row("LF only", "70\n10\n", "70 1 1=10");
+        row("words", with({ "0=hot", "2=12abc", "19=COM2" }), "0 1 0=100 2=12 19=1");
+        row("port two", with({ "19=2" }), "100 2 19=2");
+        row("a time unit beyond 16 bits ends the apply before the port",
+            with({ "16=99999", "19=2" }), "100 1 19=1");
+        row("switches, the fixed entry, spare entries",
+            with({ "4=keep", "8=yes", "20=512", "21=", "22=yes", "16=7" }),
+            "100 1 4=keep 8=0 20=300 21=0 22=0 16=7");
+        row("an axis is never saved empty", with({ "0=50", "1=50", "2=-7", "3=-7" }),
+            "50 1 0=150 1=50 2=93 3=-7");
+        row("no file: the factory file", "<none>", "100 1 6=SHIPPED");
+        row("a folder of that name: the factory file", "<folder>", "100 1 6=SHIPPED");
+        row("neither: the copy built in", "<bare>", "100 1 6=TEMPERATURE");
     }
     void hostileFiles()
     {
         QFETCH(QByteArray, content);
-        QFETCH(QStringList, saved);
+        QFETCH(QStringList, facts);
         AppRig rig;
         Application& a = rig.app();
+        QStringList shipped = factory();
+        shipped[6] = "SHIPPED";
+        if (content != "<bare>")
+            settingslines::write(rig.dir.filePath("DefaultSettings.dat"), shipped);
         a.settings.LoadSettings(true); // the factory settings are in force when it is read
-        testfiles::writeAll(rig.dir.filePath("Settings.dat"), content);
+        rig.chart.setAxisMax(Axis::Y, 7);
+        if (content == "<folder>")
+            QDir(rig.dir.path()).mkdir(QStringLiteral("Settings.dat"));
+        else if (!content.startsWith('<'))
+            testfiles::writeAll(rig.dir.filePath("Settings.dat"), content);
         QVERIFY(a.settings.LoadSettings(false));
-        QTEST(rig.chart.axisMax(Axis::Y), "yMax");
-        QTEST(int(a.state.CommPortNumber), "port");
+        QCOMPARE(QString::number(rig.chart.axisMax(Axis::Y)), facts[0]);
+        QCOMPARE(QString::number(a.state.CommPortNumber), facts[1]);
+        QDir(rig.dir.path()).rmdir(QStringLiteral("Settings.dat"));
         QVERIFY(a.settings.SaveSettings());
         const QStringList lines = settingslines::read(rig.dir.filePath("Settings.dat"));
         QCOMPARE(lines.size(), 23);
         for (const QString& line : lines)
             QVERIFY(line.size() <= 1024);
-        for (const QString& fact : saved)
+        for (const QString& fact : facts.mid(2))
             QCOMPARE(
                 fact.section('=', 0, 0) + '=' + lines.at(fact.section('=', 0, 0).toInt()), fact);
     }
-
-    // No user file, or one that cannot be read: the factory file beside the program, else the
-    // copy built into it.
-    void defaults_data()
-    {
-        QTest::addColumn<bool>("folderInTheWay");
-        QTest::addColumn<bool>("factoryFile");
-        QTest::addColumn<QString>("yTitle");
-        QTest::newRow("missing") << false << true << "SHIPPED";
-        QTest::newRow("a folder of that name") << true << true << "SHIPPED";
-        QTest::newRow("the copy built in") << false << false << "TEMPERATURE";
-    }
-    void defaults()
-    {
-        QFETCH(bool, folderInTheWay);
-        QFETCH(bool, factoryFile);
-        AppRig rig;
-        if (folderInTheWay)
-            QDir(rig.dir.path()).mkdir(QStringLiteral("Settings.dat"));
-        QStringList shipped = factory();
-        shipped[6] = "SHIPPED";
-        if (factoryFile)
-            settingslines::write(rig.dir.filePath("DefaultSettings.dat"), shipped);
-        rig.chart.setAxisMax(Axis::Y, 7);
-        QVERIFY(rig.app().settings.LoadSettings(false));
-        QTEST(rig.chart.axisTitle(Axis::Y), "yTitle");
-        QCOMPARE(rig.chart.axisMax(Axis::Y), 100.0);
-    }
-
     // The memory check, the two plotting modes, the command line, and the port closed before
     // the settings are saved at exit.
     void mainWindow()

@@ -10,67 +10,45 @@
 class TestTempBar : public QObject {
     Q_OBJECT
 private slots:
+    // min max alarms auto-range, a reading before, the reading; then the bar's top and height in
+    // twips, its fill (Green Red Yellow Cyan), the caption (F, Saturated, Under), its colour and
+    // whether it blinks.
     void setTemp_data()
     {
-        QTest::addColumn<QList<int>>("setup"); // min, max, alarms, auto-range, reading before
-        QTest::addColumn<int>("t");
-        QTest::addColumn<QList<int>>("bar"); // top, height
-        QTest::addColumn<qint64>("fill");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<qint64>("captionColour");
-        QTest::addColumn<bool>("blinking");
-        const QString degF = TempBar::degFCaption(), saturated = TempBar::saturatedCaption();
-        const qint64 red = TempBar::Red, yellow = TempBar::Yellow, green = TempBar::Green;
-        auto row = [](const char* name, const QList<int>& setup, int t, const QList<int>& bar,
-                       qint64 fill, const QString& caption, qint64 colour, bool blinking) {
-            QTest::newRow(name) << setup << t << bar << fill << caption << colour << blinking;
-        };
-        const QList<int> plain { 0, 100, 1, 0, 0 };
-        row("half way", plain, 50, { 2340, 1800 }, green, degF, yellow, false);
-        row("at max: full, not saturated", plain, 100, { 540, 3600 }, red, degF, yellow, false);
-        row("over max: saturated, blinking", plain, 101, { 540, 3600 }, red, saturated, red, true);
-        row("at min: empty", plain, 0, { 4140, 0 }, yellow, degF, yellow, false);
-        row("under min: blinking", plain, -1, { 4140, 0 }, yellow, "TEMP. UNDER LIMIT", yellow,
-            true);
-        row("under min after a reading: empty where it stood", { 0, 100, 1, 0, 50 }, -1,
-            { 2340, 0 }, yellow, "TEMP. UNDER LIMIT", yellow, true);
-        row("on the high limit: green", plain, 85, { 1080, 3060 }, green, degF, yellow, false);
-        row("over the high limit: red", plain, 86, { 1044, 3096 }, red, degF, yellow, false);
-        row("on the low limit: yellow", plain, 25, { 3240, 900 }, yellow, degF, yellow, false);
-        row("over the low limit: green", plain, 26, { 3204, 936 }, green, degF, yellow, false);
-        row("indicators off: cyan", { 0, 100, 0, 0, 0 }, 90, { 900, 3240 }, TempBar::Cyan, degF,
-            yellow, false);
-        row("4137.5 rounds to even", { 0, 1440, 1, 0, 0 }, 1, { 4138, 2 }, yellow, degF, yellow,
-            false);
-        row("4132.5 rounds to even", { 0, 1440, 1, 0, 0 }, 3, { 4132, 8 }, yellow, degF, yellow,
-            false);
-        row("negative range", { -100, 200, 1, 0, 0 }, 50, { 2340, 1800 }, green, degF, yellow,
-            false);
-        row("auto-range: saturated, steady", { 0, 100, 1, 1, 0 }, 101, { 540, 3600 }, red,
-            saturated, yellow, false);
-        row("auto-range: under min, steady", { 0, 100, 1, 1, 0 }, -5, { 4140, 0 }, yellow, degF,
-            yellow, false);
-        row("a reading far above the minimum overflows: the bar stays", { -20000, 20000, 1, 0, 50 },
-            19000, { 2340, 1800 }, red, degF, yellow, false);
+        QTest::addColumn<QString>("row");
+        for (const char* row :
+            { "0 100 1 0 0 50 = 2340 1800 G F Y 0", "0 100 1 0 0 100 = 540 3600 R F Y 0",
+                "0 100 1 0 0 101 = 540 3600 R S R 1", "0 100 1 0 0 0 = 4140 0 Y F Y 0",
+                "0 100 1 0 0 -1 = 4140 0 Y U Y 1", "0 100 1 0 50 -1 = 2340 0 Y U Y 1",
+                "0 100 1 0 0 85 = 1080 3060 G F Y 0", "0 100 1 0 0 86 = 1044 3096 R F Y 0",
+                "0 100 1 0 0 25 = 3240 900 Y F Y 0", "0 100 1 0 0 26 = 3204 936 G F Y 0",
+                "0 100 0 0 0 90 = 900 3240 C F Y 0", "0 1440 1 0 0 1 = 4138 2 Y F Y 0",
+                "0 1440 1 0 0 3 = 4132 8 Y F Y 0", "-100 200 1 0 0 50 = 2340 1800 G F Y 0",
+                "0 100 1 1 0 101 = 540 3600 R S Y 0", "0 100 1 1 0 -5 = 4140 0 Y F Y 0",
+                "-20000 20000 1 0 50 19000 = 2340 1800 R F Y 0" })
+            QTest::newRow(row) << QString(row);
     }
     void setTemp()
     {
-        QFETCH(QList<int>, setup);
-        QFETCH(int, t);
+        QFETCH(QString, row);
+        const QStringList f = row.split(' ');
         TempBar bar;
-        bar.SetTemp(qint16(setup[4]));
-        bar.SetMaxTemp(qint16(setup[1]));
-        bar.SetMinTemp(qint16(setup[0]));
-        bar.EnableAlarmLimits(setup[2]);
-        bar.EnableAutoRange(setup[3]);
-        bar.SetTemp(qint16(t));
-        QTEST(QList<int>({ bar.indicatorTop(), bar.indicatorHeight() }), "bar");
-        QTEST(bar.shpIndicator.backColor(), "fill");
-        QTEST(bar.lblTempBar.caption(), "caption");
-        QTEST(bar.lblTempBar.foreColor(), "captionColour");
-        QTEST(bar.blinking(), "blinking");
+        bar.SetTemp(qint16(f[4].toInt()));
+        bar.SetMaxTemp(qint16(f[1].toInt()));
+        bar.SetMinTemp(qint16(f[0].toInt()));
+        bar.EnableAlarmLimits(f[2] == "1");
+        bar.EnableAutoRange(f[3] == "1");
+        bar.SetTemp(qint16(f[5].toInt()));
+        const QMap<qint64, QString> colours { { TempBar::Green, "G" }, { TempBar::Red, "R" },
+            { TempBar::Yellow, "Y" }, { TempBar::Cyan, "C" } };
+        const QMap<QString, QString> captions { { TempBar::degFCaption(), "F" },
+            { TempBar::saturatedCaption(), "S" }, { TempBar::underLimitCaption(), "U" } };
+        QCOMPARE(QStringList(
+                     { QString::number(bar.indicatorTop()), QString::number(bar.indicatorHeight()),
+                         colours[bar.shpIndicator.backColor()], captions[bar.lblTempBar.caption()],
+                         colours[bar.lblTempBar.foreColor()], QString::number(bar.blinking()) }),
+            f.mid(7));
     }
-
     // The caption blinks while out of range and comes back steady, in the units last set.
     void blinking()
     {
@@ -104,61 +82,45 @@ private slots:
     // marker, and arithmetic that does not fit 16 bits leaves labels and markers as they were.
     void range_data()
     {
-        QTest::addColumn<int>("minTemp");
-        QTest::addColumn<int>("maxTemp");
-        QTest::addColumn<int>("limit");
-        QTest::addColumn<QStringList>("labels");
-        QTest::addColumn<QList<int>>("markers"); // high and low tops; none: hidden
-        const QStringList hundred { "100", "83.3", "66.7", "50.0", "33.3", "16.7", "0" };
-        const QStringList wide { "1440", "1200.0", "960.0", "720.0", "480.0", "240.0", "0" };
-        auto row = [](const char* name, int min, int max, int limit, const QStringList& labels,
-                       const QList<int>& markers) {
-            QTest::newRow(name) << min << max << limit << labels << markers;
-        };
-        row("high default", 0, 100, 85, hundred, { 920, 959 });
-        row("low default", 0, 100, 25, hundred, { 3080, 3119 });
-        row("at the bottom", 0, 100, 0, hundred, { 3980, 4019 });
-        row("at the top", 0, 100, 100, hundred, { 380, 419 });
-        row("above the range", 0, 100, 101, hundred, {});
-        row("below the range", 0, 100, -1, hundred, {});
-        row("3977.5 and 4016.4", 0, 1440, 1, wide, { 3978, 4016 });
-        row("3972.5", 0, 1440, 3, wide, { 3972, 4011 });
-        row("-40..260", -40, 260, 10, { "260", "210.0", "160.0", "110.0", "60.0", "10.0", "-40" },
-            { 3380, 3419 });
-        row("reversed: upwards from the minimum", 100, 0, 50,
-            { "0", "183.3", "166.7", "150.0", "133.3", "116.7", "100" }, {});
-        row("largest span that fits", -16384, 16383, 0,
-            { "16383", "10921.8", "5460.7", "-0.5", "-5461.7", "-10922.8", "-16384" },
-            { 2180, 2219 });
-        row("span overflows", -30000, 30000, 0,
-            { "30000", "25000.0", "20000.0", "15000.0", "10000.0", "5000.0", "-30000" },
-            { 920, 3119 });
-        row("empty range", 50, 50, 50, { "50", "50.0", "50.0", "50.0", "50.0", "50.0", "50" },
-            { 920, 3119 });
+        QTest::addColumn<QString>("row"); // min max limit = the seven labels = marker tops or none
+        for (const char* row : { "0 100 85=100 83.3 66.7 50.0 33.3 16.7 0=920 959",
+                 "0 100 25=100 83.3 66.7 50.0 33.3 16.7 0=3080 3119",
+                 "0 100 0=100 83.3 66.7 50.0 33.3 16.7 0=3980 4019",
+                 "0 100 100=100 83.3 66.7 50.0 33.3 16.7 0=380 419",
+                 "0 100 101=100 83.3 66.7 50.0 33.3 16.7 0=",
+                 "0 100 -1=100 83.3 66.7 50.0 33.3 16.7 0=",
+                 "0 1440 1=1440 1200.0 960.0 720.0 480.0 240.0 0=3978 4016",
+                 "0 1440 3=1440 1200.0 960.0 720.0 480.0 240.0 0=3972 4011",
+                 "-40 260 10=260 210.0 160.0 110.0 60.0 10.0 -40=3380 3419",
+                 "100 0 50=0 183.3 166.7 150.0 133.3 116.7 100=", // upwards from the minimum
+                 "-16384 16383 0=16383 10921.8 5460.7 -0.5 -5461.7 -10922.8 -16384=2180 2219",
+                 // spans that do not fit 16 bits leave labels and markers as they were
+                 "-30000 30000 0=30000 25000.0 20000.0 15000.0 10000.0 5000.0 -30000=920 3119",
+                 "50 50 50=50 50.0 50.0 50.0 50.0 50.0 50=920 3119" })
+            QTest::newRow(row) << QString(row);
     }
     void range()
     {
-        QFETCH(int, minTemp);
-        QFETCH(int, maxTemp);
-        QFETCH(int, limit);
-        QFETCH(QList<int>, markers);
+        QFETCH(QString, row);
+        const QStringList f = row.section('=', 0, 0).split(' ');
         TempBar bar;
-        bar.SetMaxTemp(qint16(maxTemp));
-        bar.SetMinTemp(qint16(minTemp));
-        bar.SetHighLimit(qint16(limit));
-        bar.SetLowLimit(qint16(limit));
+        bar.SetMaxTemp(qint16(f[1].toInt()));
+        bar.SetMinTemp(qint16(f[0].toInt()));
+        bar.SetHighLimit(qint16(f[2].toInt()));
+        bar.SetLowLimit(qint16(f[2].toInt()));
         QStringList labels;
         for (const Control* label : bar.scaleLabels())
             labels << label->caption();
-        QTEST(labels, "labels");
-        QCOMPARE(
-            QList<int>({ bar.GetHighLimit(), bar.GetLowLimit() }), QList<int>({ limit, limit }));
-        QCOMPARE(bar.imageHighLimit.visible(), !markers.isEmpty());
-        QCOMPARE(bar.imageLowLimit.visible(), !markers.isEmpty());
-        if (!markers.isEmpty())
-            QCOMPARE(QList<int>({ bar.highMarkerTop(), bar.lowMarkerTop() }), markers);
+        QCOMPARE(labels.join(' '), row.section('=', 1, 1));
+        QCOMPARE(QStringList(
+                     { QString::number(bar.GetHighLimit()), QString::number(bar.GetLowLimit()) }),
+            QStringList({ f[2], f[2] }));
+        const bool shown = bar.imageHighLimit.visible();
+        QCOMPARE(bar.imageLowLimit.visible(), shown);
+        QCOMPARE(shown ? QStringLiteral("%1 %2").arg(bar.highMarkerTop()).arg(bar.lowMarkerTop())
+                       : QString(),
+            row.section('=', 2));
     }
-
     // VIEW > TEMP BAR on the application: the window applies the settings entries 11 to 15 and
     // the units of the last parameter block, readings reach the bar only while it is shown, and
     // the entries are gathered from the bar.
