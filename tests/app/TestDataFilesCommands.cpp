@@ -2,9 +2,7 @@
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 #include "support/XlsxReader.h"
-
 #include "xlsx/XlsxWorkbookWriter.h"
-
 #include <QDir>
 #include <QTest>
 

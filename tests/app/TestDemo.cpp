@@ -1,8 +1,6 @@
+#include "app/DemoWindows.h"
 #include "support/AppRig.h"
 #include "support/TestRegistry.h"
-
-#include "app/DemoWindows.h"
-
 #include <QDir>
 #include <QTest>
 #include <functional>

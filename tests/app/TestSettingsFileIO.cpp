@@ -1,10 +1,8 @@
+#include "app/CommandLine.h"
 #include "support/AppRig.h"
 #include "support/SettingsLines.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
-
-#include "app/CommandLine.h"
-
 #include <QDir>
 #include <QTest>
 

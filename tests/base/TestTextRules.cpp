@@ -1,8 +1,6 @@
-#include "support/TestRegistry.h"
-
 #include "base/Numbers.h"
 #include "base/StringUtils.h"
-
+#include "support/TestRegistry.h"
 #include <QRandomGenerator>
 #include <QTest>
 #include <cmath>

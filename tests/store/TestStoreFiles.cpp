@@ -1,11 +1,5 @@
-#include "support/FakeClock.h"
-#include "support/FakePrompter.h"
-#include "support/TestFiles.h"
-#include "support/TestRegistry.h"
-
 #include "base/AppState.h"
 #include "base/ViewModel.h"
-#include "store/DataPointFiles.h"
 #include "store/DataPointStore.h"
 #include "store/FileHeader.h"
 #include "store/LastObtainedFile.h"
@@ -13,7 +7,10 @@
 #include "store/PreviousRuns.h"
 #include "store/SpreadsheetExport.h"
 #include "store/TextExport.h"
-
+#include "support/FakeClock.h"
+#include "support/FakePrompter.h"
+#include "support/TestFiles.h"
+#include "support/TestRegistry.h"
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
@@ -68,34 +65,6 @@ private slots:
         QVERIFY(file.open(QStringLiteral("/dev/full")));
         file.writeLine(QStringLiteral("75"));
         QVERIFY(!file.isOpen() && file.failure() == QLatin1String("No space left on device"));
-    }
-    // The stored points' file: written anew or appended to, read back without empty lines; a
-    // missing file leaves the store.
-    void storedPointsFile_data()
-    {
-        QTest::addColumn<QString>("row"); // saves ("+" first: appended) | file | loaded
-        for (const char* row : { "a\r\n\r\nb|a\r\n\r\nb\r\n|a\r\nb\r\n",
-                 "+x;+x|x\r\nx\r\n|x\r\nx\r\n", "+x;z|z\r\n|z\r\n",
-                 "\r\n\t#001\t75\r\n|\r\n\t#001\t75\r\n\r\n|\t#001\t75\r\n", "|<missing>|kept" })
-            QTest::newRow(row) << QString(row);
-    }
-    void storedPointsFile()
-    {
-        QFETCH(QString, row);
-        const QStringList saves = row.section('|', 0, 0).split(';', Qt::SkipEmptyParts);
-        QTemporaryDir dir;
-        AppState state;
-        state.ProgramDirectory = dir.path();
-        DataPointStore store;
-        for (const QString& save : saves) {
-            store.setText(save.startsWith('+') ? save.mid(1) : save);
-            QVERIFY(SaveDataPointStorage(state, store, save.startsWith('+')));
-        }
-        QCOMPARE(readAll(state.filePath(DataPointFiles::StorageFileName)),
-            row.section('|', 1, 1).toLatin1());
-        store.setText(QStringLiteral("kept"));
-        QCOMPARE(LoadDataPointStorage(state, store) == DataPointFiles::Loaded::Yes, !saves.empty());
-        QCOMPARE(store.text(), row.section('|', 2, 2));
     }
     // SAVE FILE: a header ($H) unless a download is on hand ("STORED ..."), with the parameter
     // lines once the instrument gave them; an existing file is appended to (Yes), replaced (No)

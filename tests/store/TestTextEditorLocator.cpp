@@ -1,7 +1,5 @@
-#include "support/TestRegistry.h"
-
 #include "store/TextEditorLocator.h"
-
+#include "support/TestRegistry.h"
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,12 +1,9 @@
-#include "support/AppRig.h"
 #include "support/TestRegistry.h"
-
 #include "tempbar/TempBar.h"
-#include "tempbar/TempBarWindows.h"
-
+#include "tempbar/TempBarSettingsEntries.h"
 #include <QTest>
 
-// The bar component's drawing in twips and its captions, and its window on the application.
+// The bar component: its drawing in twips, its captions, and its settings entries.
 class TestTempBar : public QObject {
     Q_OBJECT
 private slots:
@@ -121,56 +118,37 @@ private slots:
                        : QString(),
             row.section('=', 2));
     }
-    // VIEW > TEMP BAR on the application: the window applies the settings entries 11 to 15 and
-    // the units of the last parameter block, readings reach the bar only while it is shown, and
-    // the entries are gathered from the bar.
-    void window()
+    // The settings entries 11 to 15 on the bar: numbers rounded half to even, one that does not
+    // fit 16 bits leaves that value, the alarm switch only while the bar is shown; and back.
+    void entries_data()
     {
-        struct Windows : TempBarWindows {
-            QStringList calls;
-            void showTempBarWindow() override { calls << "show"; }
-            void unloadTempBarWindow() override { calls << "unload"; }
-            void showTempBarSettings() override { calls << "settings"; }
-        } windows;
-        AppRig rig;
-        Application& a = rig.app();
-        a.tempBarWindow.setWindows(&windows);
-        Settings& v = a.state.SettingsValues;
-        for (int i = 11; i <= 15; ++i) // entries 11 to 15
-            v.setLine(i, QStringList { "300.5", "-20 DEG", "250", "40000", "0" }[i - 11]);
-        rig.startSensing();
-        rig.feed(AppRig::parameterBlock("  DEG C", "1", "72") + "  140\x07");
-        QCOMPARE(a.bar.indicatorHeight(), 0); // not shown: it hears nothing
-        a.tempBarWindow.mnuViewTempBar_Click();
-        QVERIFY(a.state.TempBarVisible && a.main.mnuViewTempBar.checked());
-        QCOMPARE(a.tempBarWindow.display(), static_cast<TempBarDisplay*>(&a.bar));
-        QCOMPARE(QList<int>({ a.bar.GetMaxTemp(), a.bar.GetMinTemp(), a.bar.GetHighLimit(),
-                     a.bar.GetLowLimit(), a.bar.IsAlarmOn() }),
-            QList<int>({ 300, -20, 250, 25, 0 }));
-        QCOMPARE(a.bar.lblTempBar.caption(), TempBar::degCCaption());
-        rig.feed("  140\x07"); // 160 of 320 degrees: half way up
-        QCOMPARE(QList<int>({ a.bar.indicatorTop(), int(a.bar.shpIndicator.backColor()) }),
-            QList<int>({ 2340, int(TempBar::Cyan) }));
-        rig.feed("  350\x07");
-        QVERIFY(a.bar.blinking());
-        rig.feed("  abc\x07");
-        QVERIFY(!a.bar.blinking() && a.bar.indicatorHeight() == 0);
-        rig.feed("  290\x07");
-        a.acquisition.mnuStop_Click();
-        QCOMPARE(a.bar.indicatorHeight(), 0);
-        a.bar.SetLowLimit(-5);
-        a.tempBarWindow.gatherSettings();
-        QCOMPARE(QStringList({ v.line(11), v.line(12), v.line(13), v.line(14), v.line(15) }),
-            QStringList({ "300", "-20", "250", "-5", "0" }));
-        v.alarmLimitsOn.text = QStringLiteral("1");
-        a.tempBarWindow.Form_Unload(); // closed by its title bar
-        a.tempBarWindow.Form_Unload();
-        QVERIFY(!a.state.TempBarVisible && !a.main.mnuViewTempBar.checked());
-        QVERIFY(!a.tempBarWindow.display());
-        a.settings.ApplySettings(); // entry 15 acts only while the bar is shown
-        QVERIFY(!a.bar.IsAlarmOn());
-        a.tempBarWindow.mnuConfigure_Click();
-        QCOMPARE(windows.calls, QStringList({ "show", "unload", "settings" }));
+        QTest::addColumn<QString>("row"); // entries 11 to 15, shown = the bar = entries gathered
+        for (const char* row : { "300.5|-20 DEG|250|40000|0|1=300 -20 250 25 0=300|-20|250|25|0",
+                 "hot|.|1E3|-5|0|0=0 0 1000 -5 1=0|0|1000|-5|1",
+                 "40000|1e9|85|25|yes|1=100 0 85 25 0=100|0|85|25|0" })
+            QTest::newRow(row) << QString(row);
+    }
+    void entries()
+    {
+        QFETCH(QString, row);
+        const QStringList in = row.section('=', 0, 0).split('|');
+        Settings settings;
+        for (int i = 0; i < 5; ++i)
+            settings.setLine(11 + i, in[i]);
+        TempBar bar;
+        TempBarSettingsEntries::Apply(bar, settings, in[5] == "1");
+        QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5")
+                     .arg(bar.GetMaxTemp())
+                     .arg(bar.GetMinTemp())
+                     .arg(bar.GetHighLimit())
+                     .arg(bar.GetLowLimit())
+                     .arg(bar.IsAlarmOn()),
+            row.section('=', 1, 1));
+        TempBarSettingsEntries::Gather(bar, settings);
+        QCOMPARE(QStringList({ settings.line(11), settings.line(12), settings.line(13),
+                                 settings.line(14), settings.line(15) })
+                     .join('|'),
+            row.section('=', 2, 2));
     }
 };
 TALAVEX_TEST(TestTempBar)

@@ -1,8 +1,6 @@
 #include "support/TestRegistry.h"
 #include "support/XlsxReader.h"
-
 #include "xlsx/XlsxWorkbookWriter.h"
-
 #include <QTemporaryDir>
 #include <QTest>
 
