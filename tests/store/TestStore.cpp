@@ -6,12 +6,14 @@
 #include "store/LiveLog.h"
 #include "store/PreviousRuns.h"
 #include "store/SpreadsheetExport.h"
+#include "store/TextEditorLocator.h"
 #include "store/TextExport.h"
 #include "support/FakeClock.h"
 #include "support/FakePrompter.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <ctime>
@@ -22,8 +24,8 @@ using testfiles::writeAll;
 const QByteArray Title = "BRANDOK ENGINEERING Infrared Thermometer Data Logging";
 } // namespace
 
-// The work files the program keeps, each read back byte for byte.
-class TestStoreFiles : public QObject {
+// The work files the program keeps, read back byte for byte, and the text editor search.
+class TestStore : public QObject {
     Q_OBJECT
 private slots:
     // The two files of a run reach the disk line by line, in local time from UTC instants, stop
@@ -209,6 +211,70 @@ private slots:
         QCOMPARE(QDir(dir.path()).entryList({ "*.2026-*" }, QDir::Files), expected);
         QCOMPARE(readAll(dir.filePath(expected.last())), last);
     }
+    // The editor search on a desktop of its own: configuration folder "config", data folders
+    // "local" then "share", PATH "bin", desktop "xfce". Files: "bin/name" a program, "path=text"
+    // a plain file, "E id>text" (or "L" in "local") a desktop entry, "M path>ids" a list.
+    void findEditor_data()
+    {
+        QTest::addColumn<QString>("row"); // files | the remembered path | found | its arguments
+        QStringList rows { "bin/myedit~bin/gedit~bin/other~E other.desktop>Exec=other~E "
+                           "my.desktop>Exec=myedit --tab %F~config/mimeapps.list=text/plain=other."
+                           "desktop\n[Added Associations]\ntext/plain=other.desktop\n[Default "
+                           "Applications]\ntext/plain=my.desktop||bin/myedit|--tab",
+            "bin/myedit~E my.desktop>Exec=myedit %f~M "
+            "config/xfce-mimeapps.list>my.desktop||bin/myedit|",
+            "bin/myedit~E my.desktop>Exec=myedit~M "
+            "local/applications/mimeapps.list>my.desktop||bin/myedit|",
+            "bin/myedit~E my.desktop>Exec=myedit~config/mimeapps.list=[Added "
+            "Associations]\ntext/plain=my.desktop||bin/myedit|",
+            "bin/second~E vim.desktop>Exec=vim %F\nTerminal=true~E second.desktop>Exec=second "
+            "%F~share/applications/mimeinfo.cache=[MIME "
+            "Cache]\ntext/plain=vim.desktop;second.desktop;||bin/second|",
+            "bin/myedit~E my.desktop>Exec=env A=1 B=x myedit -n @@u %U @@~$M||bin/myedit|-n",
+            "bin/my \"ed\"~E my.desktop>Exec=\"$D/bin/my \\\"ed\\\"\" --new %f~$M||bin/my "
+            "\"ed\"|--new",
+            "bin/myedit~bin/mousepad~L my.desktop>Exec=myedit\nHidden=true~E "
+            "my.desktop>Exec=myedit~$M||bin/mousepad|",
+            "bin/chosen~bin/gedit|bin/chosen|bin/chosen|",
+            "bin/gedit~notes.txt=text|notes.txt|bin/gedit|", "bin/geany~bin/kate||bin/kate|",
+            "bin/gedit=not executable|/nonexistent/NOTEPAD.EXE||" };
+        for (const char* unusable : { "Exec=myedit %f\nTerminal=true", "Exec=myedit\nHidden=true",
+                 "Exec=nothere %f", "Name=Editor", "Exec=", "Exec=env A=1" })
+            rows << QStringLiteral("bin/myedit~bin/mousepad~E my.desktop>%1~$M||bin/mousepad|")
+                        .arg(unusable);
+        for (const QString& row : rows)
+            QTest::newRow(qPrintable(row)) << row;
+    }
+    void findEditor()
+    {
+        QFETCH(QString, row);
+        const QStringList f = row.split('|');
+        QTemporaryDir dir;
+        for (QString file :
+            QString(f[0]).replace("$M", "M config/mimeapps.list>my.desktop;").split('~')) {
+            file.replace("$D", dir.path());
+            if (file.startsWith("E ") || file.startsWith("L "))
+                file = (file[0] == 'E' ? "share" : "local") + QStringLiteral("/applications/")
+                    + file.mid(2).replace('>', "=[Desktop Entry]\nType=Application\n");
+            else if (file.startsWith("M "))
+                file = file.mid(2).replace('>',
+                    "=[Added Associations]\nimage/png=viewer.desktop\n"
+                    "[Default Applications]\ntext/html=web.desktop\ntext/plain=");
+            const QString path = dir.filePath(file.section('=', 0, 0));
+            QDir().mkpath(QFileInfo(path).path());
+            writeAll(path, file.section('=', 1).toUtf8() + "\n");
+            if (!file.contains('='))
+                QFile::setPermissions(path, QFileDevice::Permissions(0x7700));
+        }
+        TextEditorLocator locator(
+            { { dir.filePath("config") }, { dir.filePath("local"), dir.filePath("share") },
+                { dir.filePath("bin") }, { "xfce" } });
+        QString path = f[1].isEmpty() || f[1].startsWith('/') ? f[1] : dir.filePath(f[1]);
+        QCOMPARE(locator.FindNotepad(path), !f[2].isEmpty());
+        QCOMPARE(path, f[2].isEmpty() ? QString() : dir.filePath(f[2]));
+        QCOMPARE(locator.argumentsFor(path).join(' '), f[3]);
+        QVERIFY(locator.argumentsFor(QStringLiteral("/usr/bin/other")).isEmpty());
+    }
 };
-TALAVEX_TEST(TestStoreFiles)
-#include "TestStoreFiles.moc"
+TALAVEX_TEST(TestStore)
+#include "TestStore.moc"
