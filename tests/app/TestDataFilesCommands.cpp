@@ -1,8 +1,6 @@
 #include "support/AppRig.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
-#include "support/XlsxReader.h"
-#include "xlsx/XlsxWorkbookWriter.h"
 #include <QDir>
 #include <QTest>
 
@@ -10,7 +8,6 @@
 class TestDataFilesCommands : public QObject {
     Q_OBJECT
     struct Rig : AppRig {
-        XlsxWorkbookWriter workbook;
         Rig()
         {
             QDir().mkpath(dir.filePath("bin"));
@@ -19,7 +16,6 @@ class TestDataFilesCommands : public QObject {
             EditorSearch search;
             search.pathDirs = { dir.filePath("bin") };
             app().files.editors = TextEditorLocator(search);
-            app().spreadsheet.setWriter(&workbook);
         }
         QString started() const // the programs started, with their arguments
         {
@@ -65,62 +61,38 @@ private slots:
         QCOMPARE(rig.started(), row.section('|', 2, 2));
         QCOMPARE(rig.prompter.titles().join(';'), row.section('|', 3, 3));
     }
-    // The view of the downloaded points reads the kept file back into the store, unless a
-    // download is on hand; a text stamp is one line and marks the data on hand.
+    // The downloaded points' view loads the kept file; a text stamp marks the data on hand.
     void storeAndStamp()
     {
         Rig rig;
         Application& a = rig.app();
-        testfiles::writeAll(rig.dir.filePath("DPStorage.dat"), "\r\n\t#001\t70\r\n\r\n");
+        const QString kept = rig.dir.filePath("DPStorage.dat");
+        testfiles::writeAll(kept, "\r\n\t#001\t70\r\n\r\n");
         a.state.DownloadFromWindow = true;
         a.files.mnuDownloadedDataPoints_Click();
         QVERIFY(a.store.isEmpty());
         a.state.DownloadFromWindow = false;
         a.files.mnuDownloadedDataPoints_Click();
         QCOMPARE(a.store.text(), QStringLiteral("\t#001\t70\r\n"));
-        const char* stamps[][2] = { { "A\r\nB",
-                                        "\x07"
-                                        "AB" },
-            { "", "" }, { nullptr, "" }, { "OVEN 2", "\x07OVEN 2" } };
-        for (const auto& stamp : stamps) { // the answer, the stamp
+        QStringList stamps;
+        for (const char* answer : { "A\r\nB", "", "<cancel>", "OVEN 2" }) {
             a.state.TextStamp = QStringLiteral("\x07old");
-            rig.prompter.inputs.push_back(
-                stamp[0] ? std::optional<QString>(stamp[0]) : std::optional<QString>());
+            rig.prompter.inputs.push_back(answer == QLatin1String("<cancel>")
+                    ? std::nullopt
+                    : std::optional<QString>(answer));
             a.files.mnuTextStamp_Click();
-            QCOMPARE(a.state.TextStamp, QString(stamp[1]));
+            stamps << a.state.TextStamp;
         }
-        QCOMPARE(a.store.text(),
-            QStringLiteral("\t#001\t70\r\n\r\n\x07"
-                           "AB\r\n\r\n\x07OVEN 2\r\n"));
-        QCOMPARE(
-            rig.prompter.shown.back().prompt, QStringLiteral("PLEASE ENTER YOUR TEXT STAMP..."));
-    }
-
-    // A workbook of the last run, its readings the instrument's interval apart (else the time
-    // interval's); an existing file is replaced only on Yes.
-    void workbookOfARun()
-    {
-        Rig rig;
-        Application& a = rig.app();
-        const QString book = rig.dir.filePath("run.xlsx");
-        testfiles::writeAll(rig.dir.filePath("LAST_OBTAINED_DATA_PTS.dat"),
-            "\tT\r\n\r\n  1234   DEG F\r\n  75\r\n  --\r\n  77\r\n");
-        a.state.TimeInterval = 0.5f;
-        for (const QString interval : { "", "2", "NO-INT" }) {
-            a.state.Instrument.interval = SamplingInterval(interval);
-            rig.prompter.files.push_back(book);
-            if (QFile::exists(book))
-                rig.prompter.answers.push_back(
-                    interval == "NO-INT" ? Prompter::Answer::No : Prompter::Answer::Yes);
-            a.files.mnuCreateExcelFile_Click();
-            const auto cells = XlsxReader::cells(book);
-            QCOMPARE(
-                QStringList({ cells["A1"], cells["A4"], cells["A5"], cells["B5"], cells["A6"] })
-                    .join(' '),
-                QString(interval.isEmpty() ? "T 0 0.5 75 1" : "T 0 2 75 4"));
-        }
-        QCOMPARE(
-            rig.prompter.titles(), QStringList({ "DUPLICATE FILE FOUND", "DUPLICATE FILE FOUND" }));
+        QCOMPARE(stamps.join('|'), QStringLiteral("\aAB|||\aOVEN 2"));
+        QCOMPARE(a.store.text(), QStringLiteral("\t#001\t70\r\n\r\n\aAB\r\n\r\n\aOVEN 2\r\n"));
+        QFile big(kept);
+        QVERIFY(big.resize(64 * 1024 * 1024 + 1));
+        a.files.mnuDownloadedDataPoints_Click();
+        QVERIFY(a.store.text().endsWith(QStringLiteral("OVEN 2\r\n")));
+        const QString text = rig.prompter.messages().back().text;
+        QVERIFY2(rig.prompter.titles().last() == "FILE TOO LARGE" && text.contains(kept)
+                && text.contains("64 MB"),
+            qPrintable(text));
     }
 };
 TALAVEX_TEST(TestDataFilesCommands)

@@ -57,8 +57,7 @@ enum Writer {
 class TestFileFaults : public QObject {
     Q_OBJECT
 private slots:
-    // A full disk or a read-only folder: every file the program writes keeps its old bytes, and
-    // the operator is told what was not saved and why. The files of a run only fail to open.
+    // A full disk or a read-only folder: every file keeps its old bytes and the operator is told.
     void everyWriterKeepsTheOldFile_data()
     {
         QTest::addColumn<int>("writer");
@@ -176,24 +175,6 @@ private slots:
         QCOMPARE(box.title, title);
         const QStringList lines = box.text.split(QStringLiteral("\r\n"));
         QVERIFY2(lines.contains(path) && box.text.contains(why), qPrintable(box.text));
-    }
-
-    // A file of stored points far larger than any the program writes is not read at all, and
-    // the operator is told the bound.
-    void oversizedStoredPointsAreNotRead()
-    {
-        AppRig rig;
-        const QString path = rig.dir.filePath(DataPointFiles::StorageFileName);
-        QFile big(path);
-        QVERIFY(big.open(QIODevice::WriteOnly) && big.write("\t#001\t75\tDEG F\r\n"));
-        QVERIFY(big.resize(64 * 1024 * 1024 + 1));
-        big.close();
-        rig.app().store.setText(QStringLiteral("kept"));
-        rig.app().files.mnuDownloadedDataPoints_Click();
-        QCOMPARE(rig.app().store.text(), QStringLiteral("kept"));
-        QCOMPARE(rig.prompter.titles().value(0), QStringLiteral("FILE TOO LARGE"));
-        const QString text = rig.prompter.messages().front().text;
-        QVERIFY2(text.contains(path) && text.contains(QLatin1String("64 MB")), qPrintable(text));
     }
 };
 TALAVEX_TEST(TestFileFaults)

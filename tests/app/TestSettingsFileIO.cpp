@@ -9,13 +9,20 @@
 using Axis = ChartSurface::Axis;
 using settingslines::factory;
 using settingslines::linesOf;
+namespace {
+QStringList with(QStringList lines, const QStringList& entries) // "entry=text" put in the lines
+{
+    for (const QString& e : entries)
+        lines[e.section('=', 0, 0).toInt()] = e.section('=', 1);
+    return lines;
+}
+} // namespace
 
 // "Settings.dat" between the program and the disk, and the main window's own commands.
 class TestSettingsFileIO : public QObject {
     Q_OBJECT
 private slots:
-    // Every entry changed is applied at start and written back as it was at exit; CREATE
-    // SETTINGS FILE writes the live state.
+    // Every entry applied at start and written back at exit; CREATE SETTINGS FILE: the live state.
     void restart()
     {
         const QStringList changed { "250", "-20", "120", "10", "spare A", "spare B", "DEG C",
@@ -31,9 +38,9 @@ private slots:
             QList<double>({ 250, -20, 120, 10 }));
         QCOMPARE(rig.chart.axisTitle(Axis::Y) + '|' + rig.chart.axisTitle(Axis::X),
             QStringLiteral("DEG C|MINUTES"));
-        QVERIFY(a.main.mnuAutoCompressed.checked() && !a.main.mnuRealTimeGraphOn.checked());
-        QVERIFY(a.main.mnuScopeChart.checked() && a.main.mnuDispLimits.checked());
-        QVERIFY(!a.main.mnuAutoScaleYAxis.checked());
+        QVERIFY(a.main.mnuAutoCompressed.checked() && !a.main.mnuRealTimeGraphOn.checked()
+            && a.main.mnuScopeChart.checked() && a.main.mnuDispLimits.checked()
+            && !a.main.mnuAutoScaleYAxis.checked());
         QCOMPARE(QList<int>({ a.state.CommPortNumber, a.state.TimeUnitIndex, rig.port.portNumber(),
                      a.bar.GetMaxTemp(), a.bar.GetLowLimit() }),
             QList<int>({ 2, 1, 2, 300, 40 }));
@@ -44,17 +51,12 @@ private slots:
         a.controller.mnuRealTimeGraphOn_Click();
         a.state.CommPortNumber = 3;
         a.controller.mnuCreateSettingsFile_Click();
-        QStringList live = changed;
-        live[0] = "180";
-        live[9] = "0";
-        live[10] = "1";
-        live[19] = "3";
-        QCOMPARE(testfiles::readAll(path), linesOf(live));
+        QCOMPARE(
+            testfiles::readAll(path), linesOf(with(changed, { "0=180", "9=0", "10=1", "19=3" })));
     }
 
-    // Whatever the file holds, what is read is applied by its rules and the next save is a whole,
-    // well-formed file. No file, or one that cannot be read: the factory file beside the program,
-    // else the copy built into it.
+    // Any file: read by the rules, saved whole. None or unreadable: the factory file, else built
+    // in.
     void hostileFiles_data()
     {
         QTest::addColumn<QByteArray>("content");
@@ -62,12 +64,7 @@ private slots:
         QByteArray garbage;
         for (int i = 0; i < 4096; ++i)
             garbage += char((i * 7919) & 0xff);
-        auto with = [](const QStringList& entries) { // "entry=text" over the factory settings
-            QStringList lines = factory();
-            for (const QString& e : entries)
-                lines[e.section('=', 0, 0).toInt()] = e.section('=', 1);
-            return linesOf(lines);
-        };
+        auto with = [](const QStringList& entries) { return linesOf(::with(factory(), entries)); };
         auto row = [](const char* name, const QByteArray& content, const char* facts) {
             QTest::newRow(name) << content << QString(facts).split(' ');
         };
@@ -76,7 +73,7 @@ private slots:
         row("thirty lines", with({ "0=90" }) + QByteArray("2\r\n").repeated(7), "90 1 20=300 22=1");
         row("five lines, the rest kept", linesOf({ "70", "10", "30", "0", "x" }),
             "70 1 2=30 4=x 13=85");
-        row("LF only", "70\n10\n", "70 1 1=10");
+        row("LF only", "70\n10\n", "70 1 1=10 7=SECONDS");
         row("words", with({ "0=hot", "2=12abc", "19=COM2" }), "0 1 0=100 2=12 19=1");
         row("port two", with({ "19=2" }), "100 2 19=2");
         row("a time unit beyond 16 bits ends the apply before the port",
@@ -119,8 +116,7 @@ private slots:
             QCOMPARE(
                 fact.section('=', 0, 0) + '=' + lines.at(fact.section('=', 0, 0).toInt()), fact);
     }
-    // The memory check, the two plotting modes, the command line, and the port closed before
-    // the settings are saved at exit.
+    // The memory check, the plotting modes, the command line; the port closed before the save.
     void mainWindow()
     {
         for (const auto& [bytes, warns] :
@@ -152,13 +148,10 @@ private slots:
             { { "--port", "--demo" }, "error" }, { { "--fast" }, "error" }, { { "-h" }, "error" } };
         for (const auto& line : lines) {
             const CommandLine c = CommandLine::parse(QStringList { "talavex" } + line.arguments);
-            QCOMPARE(c.error.isEmpty() ? QStringLiteral("%1 %2 %3 %4")
-                                             .arg(c.demo)
-                                             .arg(c.splash)
-                                             .arg(c.home)
-                                             .arg(c.portDevice)
-                                       : QStringLiteral("error"),
-                line.parsed);
+            const QString parsed
+                = QStringLiteral("%1 %2 %3 ").arg(c.demo).arg(c.splash).arg(c.home);
+            QCOMPARE(
+                c.error.isEmpty() ? parsed + c.portDevice : QStringLiteral("error"), line.parsed);
         }
         AppRig rig;
         rig.app().controller.Form_Load();

@@ -62,8 +62,7 @@ private slots:
         const auto int16 = Numbers::TextToInt16(text);
         QTEST(int16 ? int(*int16) : -99999, "int16");
     }
-    // Val against the C library on texts it reads the same once their blanks are gone: whole
-    // numbers (which take a shorter road), decimals, exponents, signs and a negative zero.
+    // Val against the C library: whole numbers, decimals, exponents, signs, blanks anywhere.
     void valMatchesTheGeneralConversion()
     {
         QRandomGenerator random(7);
@@ -117,8 +116,7 @@ private slots:
         QFETCH(QString, pattern);
         QTEST(Numbers::Format(value, pattern), "expected");
     }
-    // Whole numbers and tenths take a shorter road; every value must come out as the general
-    // 15-digit conversion writes it, near the edges of that road too.
+    // Whole numbers and tenths take a shorter road: every value as the general conversion.
     void numberTextMatchesTheGeneralConversion()
     {
         QRandomGenerator random(20261122);

@@ -28,8 +28,7 @@ const QByteArray Title = "BRANDOK ENGINEERING Infrared Thermometer Data Logging"
 class TestStore : public QObject {
     Q_OBJECT
 private slots:
-    // The two files of a run reach the disk line by line, in local time from UTC instants, stop
-    // after close, and fail whole on a full disk.
+    // A run's files reach the disk line by line, local time from UTC; a full disk ends them.
     void liveFiles()
     {
         const QByteArray oldTz = qgetenv("TZ");
@@ -68,9 +67,7 @@ private slots:
         file.writeLine(QStringLiteral("75"));
         QVERIFY(!file.isOpen() && file.failure() == QLatin1String("No space left on device"));
     }
-    // SAVE FILE: a header ($H) unless a download is on hand ("STORED ..."), with the parameter
-    // lines once the instrument gave them; an existing file is appended to (Yes), replaced (No)
-    // or left (Cancel).
+    // SAVE FILE: a header ($H, parameters $P) unless a download is on hand; Yes appends.
     void saveFile_data()
     {
         QTest::addColumn<QString>(
@@ -121,8 +118,7 @@ private slots:
         const auto& choice = prompter.shown.front().choice;
         QVERIFY(f[1].isEmpty() || choice.directory + choice.filter == dir.path() + "*.txt");
     }
-    // The workbook's table from a real-time run ("R", elapsed time at 2 s) or from a download
-    // (locations); lines of the header, parameters and stamps become headings, once each.
+    // The workbook's table of a run ("R", 2 s apart) or of a download (locations).
     void sheets_data()
     {
         QTest::addColumn<QString>("row"); // source | text | rows ("x:y") | headings
@@ -153,8 +149,7 @@ private slots:
         QCOMPARE(rows.join(' '), f[2]);
         QCOMPARE(sheet.headings.join(';'), f[3]);
     }
-    // A new run first keeps the two files of the run before under the time it began (from the
-    // header, else the file's), when either logged a reading, for the last ten such runs.
+    // The files of the last ten runs that logged a reading, kept under the time each began.
     void previousRuns_data()
     {
         QTest::addColumn<QString>("runs"); // one an hour: R a reading, E none, H no header,

@@ -61,14 +61,12 @@ struct Rig {
 };
 } // namespace
 
-// The temperature bar: its drawing in twips, its captions, its settings entries and its
-// settings dialog.
+// The temperature bar: its drawing in twips, captions, settings entries and settings dialog.
 class TestTempBar : public QObject {
     Q_OBJECT
 private slots:
-    // min max alarms auto-range, a reading before, the reading; then the bar's top and height in
-    // twips, its fill (Green Red Yellow Cyan), the caption (F, Saturated, Under), its colour and
-    // whether it blinks.
+    // min max alarms auto-range, a reading before, the reading = top, height, fill, caption (F,
+    // Saturated, Under), its colour, blinking.
     void setTemp_data()
     {
         QTest::addColumn<QString>("row");
@@ -105,9 +103,7 @@ private slots:
                          colours[bar.lblTempBar.foreColor()], QString::number(bar.blinking()) }),
             f.mid(7));
     }
-    // The caption blinks while out of range and comes back steady, in the units last set;
-    // auto-range leaves it as it is. Each step: shown, blinking, the caption's last letter, red, a
-    // bar.
+    // Each step: caption shown, blinking, the caption's last letter, red, a bar.
     void blinking()
     {
         TempBar bar;
@@ -131,8 +127,7 @@ private slots:
             QStringLiteral(
                 "11D11 01D11 11D11 01D11 10C01 11D11 11D11 11D11 11D11 01D11 11F01 10F00 "));
     }
-    // The scale's labels and the limit markers for a range; a limit outside the range hides its
-    // marker, and arithmetic that does not fit 16 bits leaves labels and markers as they were.
+    // The scale's labels and the limit markers for a range and a limit on it.
     void range_data()
     {
         QTest::addColumn<QString>("row"); // min max limit = the seven labels = marker tops or none
@@ -174,8 +169,7 @@ private slots:
                        : QString(),
             row.section('=', 2));
     }
-    // The settings entries 11 to 15 on the bar: numbers rounded half to even, one that does not
-    // fit 16 bits leaves that value, the alarm switch only while the bar is shown; and back.
+    // Entries 11 to 15 applied to the bar (15 only while it is shown) and gathered back.
     void entries_data()
     {
         QTest::addColumn<QString>("row"); // entries 11 to 15, shown = the bar, and the entries back
@@ -198,66 +192,61 @@ private slots:
             in[i] = settings.line(11 + i);
         QCOMPARE(in.mid(0, 5).join('|'), row.section('=', 1));
     }
-    // The settings dialog, driven through its model and the fake prompter.
-    // Every refusal, in the order the boxes are checked: the box shown, the focus, nothing
-    // written to the bar or the chart, and the entry of a box Enter was pressed in set to the
-    // bar's value.
+    // The settings dialog's every refusal: Enter in a box (0 to 3) sets that entry to the bar's.
     void refused_data()
     {
-        QTest::addColumn<QString>("boxes");
-        QTest::addColumn<int>("enterIn");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("focus");
-        const QString orDisable = ", or\r\nDisable the Enable Alarms Check Box.";
-        const QString high = "HIGH ALARM LIMIT ERROR", max = "RANGE MAX. TEMP. LIMIT ERROR";
-        const QString min = "RANGE MIN. TEMP. LIMIT ERROR", value = "Please Enter Value for The ";
-        const QString numeric = "Please Enter Numeric Value for The ";
-        const QString bounds = "Please Enter a Value Between -32768 and 32767 for The ";
-        auto row = [](const char* boxes, int enterIn, const QString& title, const QString& text,
-                       const char* focus) {
-            QTest::newRow(boxes) << QString(boxes) << enterIn << title << text << QString(focus);
-        };
-        row("100|0||25", -1, high, value + "High Alarm Limit" + orDisable, "txtHighLimit");
-        row("100|0|8O|25", 0, high, numeric + "High Alarm Limit" + orDisable, "txtHighLimit");
-        row("100|0| |25", 1, high, numeric + "High Alarm Limit" + orDisable, "txtHighLimit");
-        row("100|0|85|", 2, "LOW ALARM LIMIT ERROR", value + "Low Alarm Limit" + orDisable,
-            "txtLowLimit");
-        row("100|0|85|1.2.3", 3, high, numeric + "Low Alarm Limit" + orDisable, "txtLowLimit");
-        row("100|0|20|25", -1, "ALARM LIMITS ERROR",
-            "Your Low Alarm Limit is Greater Than Your High Alarm Limit. Please Correct.",
-            "txtHighLimit");
-        row("|0|85|25", -1, max, value + "Range Max. Temp." + orDisable, "txtMaxTemp");
-        row("1OO|0|85|25", -1, max, numeric + "Range Max. Temp." + orDisable, "txtMaxTemp");
-        row("100||85|25", -1, min, value + "Range Min. Temp. " + orDisable, "txtMinTemp");
-        row("100|-|85|25", -1, min, numeric + "Range Min. Temp. " + orDisable, "txtMinTemp");
-        row("0|100|85|25", -1, "RANGE LIMITS ERROR",
-            "Your Range Min. Temp. is Greater Than Your Max. Temp. Please Correct.", "txtMaxTemp");
-        row("29.9|0|20|10", -1, "RANGE LIMITS ERROR - GRAPH RESOLUTION",
-            "Difference Between Max. Temp. and Min. Temp. Cannot\r\n Be Less Than 30, Due To "
-            "Accuracy Of The IR-System And\r\n Graphical Scaling of Temp. Bar Graph.",
-            "txtMaxTemp");
-        row("|||", -1, high, value + "High Alarm Limit" + orDisable, "txtHighLimit");
-        row("40000|0|85|25", -1, max, bounds + "Range Max. Temp.", "txtMaxTemp");
-        row("100|-40000|85|-50000", -1, min, bounds + "Range Min. Temp.", "txtMinTemp");
-        row("100|0|40000|25", -1, high, bounds + "High Alarm Limit", "txtHighLimit");
-        row("100|0|85|-40000", -1, "LOW ALARM LIMIT ERROR", bounds + "Low Alarm Limit",
-            "txtLowLimit");
+        QTest::addColumn<QString>("row"); // max|min|high|low|Enter in|title|text|the focus
+        const char* rows[] = { "100|0||25|-1|HIGH|{V}High Alarm Limit{D}|txtHighLimit",
+            "100|0|8O|25|0|HIGH|{N}High Alarm Limit{D}|txtHighLimit",
+            "100|0| |25|1|HIGH|{N}High Alarm Limit{D}|txtHighLimit",
+            "100|0|85||2|LOW|{V}Low Alarm Limit{D}|txtLowLimit",
+            "100|0|85|1.2.3|3|HIGH|{N}Low Alarm Limit{D}|txtLowLimit",
+            "100|0|20|25|-1|ALARM LIMITS ERROR|Your Low Alarm Limit is Greater Than Your High "
+            "Alarm "
+            "Limit. Please Correct.|txtHighLimit",
+            "|0|85|25|-1|MAX|{V}Range Max. Temp.{D}|txtMaxTemp",
+            "1OO|0|85|25|-1|MAX|{N}Range Max. Temp.{D}|txtMaxTemp",
+            "100||85|25|-1|MIN|{V}Range Min. Temp. {D}|txtMinTemp",
+            "100|-|85|25|-1|MIN|{N}Range Min. Temp. {D}|txtMinTemp",
+            "0|100|85|25|-1|RANGE LIMITS ERROR|Your Range Min. Temp. is Greater Than Your Max. "
+            "Temp. Please Correct.|txtMaxTemp",
+            "29.9|0|20|10|-1|RANGE LIMITS ERROR - GRAPH RESOLUTION|Difference Between Max. Temp. "
+            "and Min. Temp. Cannot\r\n Be Less Than 30, Due To Accuracy Of The IR-System And\r\n "
+            "Graphical Scaling of Temp. Bar Graph.|txtMaxTemp",
+            "||||-1|HIGH|{V}High Alarm Limit{D}|txtHighLimit",
+            "40000|0|85|25|-1|MAX|{B}Range Max. Temp.|txtMaxTemp",
+            "100|-40000|85|-50000|-1|MIN|{B}Range Min. Temp.|txtMinTemp",
+            "100|0|40000|25|-1|HIGH|{B}High Alarm Limit|txtHighLimit",
+            "100|0|85|-40000|-1|LOW|{B}Low Alarm Limit|txtLowLimit" };
+        const QMap<QString, QString> words { { "{V}", "Please Enter Value for The " },
+            { "{N}", "Please Enter Numeric Value for The " },
+            { "{B}", "Please Enter a Value Between -32768 and 32767 for The " },
+            { "{D}", ", or\r\nDisable the Enable Alarms Check Box." },
+            { "|HIGH|", "|HIGH ALARM LIMIT ERROR|" }, { "|LOW|", "|LOW ALARM LIMIT ERROR|" },
+            { "|MAX|", "|RANGE MAX. TEMP. LIMIT ERROR|" },
+            { "|MIN|", "|RANGE MIN. TEMP. LIMIT ERROR|" } };
+        for (const char* row : rows) {
+            QString text(row);
+            for (auto it = words.begin(); it != words.end(); ++it)
+                text.replace(it.key(), it.value());
+            QTest::newRow(row) << text;
+        }
     }
     void refused()
     {
-        QFETCH(QString, boxes);
-        QFETCH(int, enterIn);
+        QFETCH(QString, row);
+        const QStringList f = row.split('|');
+        const int enterIn = f[4].toInt();
         Rig r;
         r.bar.SetMaxTemp(200);
         r.dialog.Form_Load();
         for (int i = 11; i <= 14; ++i)
             r.state.SettingsValues.setLine(i, QStringLiteral("old"));
-        r.accept(boxes, enterIn);
+        r.accept(f.mid(0, 4).join('|'), enterIn);
         QCOMPARE(r.prompter.messages().size(), size_t(1));
-        QTEST(r.prompter.messages()[0].title, "title");
-        QTEST(r.prompter.messages()[0].text, "text");
-        QTEST(r.model.focus(), "focus");
+        QCOMPARE(r.prompter.messages()[0].title + '|' + r.prompter.messages()[0].text + '|'
+                + r.model.focus(),
+            f.mid(5).join('|'));
         QCOMPARE(barValues(r.bar), QStringLiteral("200|0|85|25"));
         QStringList entries { "old", "old", "old", "old", "1", "0" };
         if (enterIn >= 0)
@@ -265,8 +254,7 @@ private slots:
         QCOMPARE(r.entries(), entries.join('|'));
         QVERIFY(r.limitLines.isEmpty() && r.closes.isEmpty() && r.dialog.loaded());
     }
-    // Accepted by OK or Enter: the bar takes whole degrees (halves to even), the limit lines are
-    // redrawn with the typed limits, and the close writes the bar's values to entries 11 to 15.
+    // Accepted by OK or Enter: whole degrees on the bar, the typed limits for the chart's lines.
     void accepted_data()
     {
         QTest::addColumn<QString>("boxes");
@@ -290,8 +278,7 @@ private slots:
             QVERIFY(r.closes.count() == 1 && !r.dialog.loaded());
         }
     }
-    // The two check boxes act at once, are read from the entries as numbers, and neither OK nor
-    // Cancel undoes them; Cancel leaves the bar and the entries as they were.
+    // The check boxes act at once and stay; Cancel leaves the bar and the entries.
     void switches_data()
     {
         QTest::addColumn<QString>("entries"); // 15 and 22, then how the boxes show them
