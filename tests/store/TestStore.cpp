@@ -232,6 +232,8 @@ private slots:
             "my.desktop>Exec=myedit~$M||bin/mousepad|",
             "bin/chosen~bin/gedit|bin/chosen|bin/chosen|",
             "bin/gedit~notes.txt=text|notes.txt|bin/gedit|", "bin/geany~bin/kate||bin/kate|",
+            "bin/a~bin/kate~local/a.desktop=[Desktop Entry]\nExec=a~M "
+            "local/applications/mimeapps.list>../a.desktop||bin/kate|",
             "bin/gedit=not executable|/nonexistent/NOTEPAD.EXE||" };
         for (const char* unusable : { "Exec=myedit %f\nTerminal=true", "Exec=myedit\nHidden=true",
                  "Exec=nothere %f", "Name=Editor", "Exec=", "Exec=env A=1" })
