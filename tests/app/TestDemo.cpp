@@ -127,9 +127,8 @@ private slots:
         QVERIFY(ran && !a.controlTester.loaded() && a.state.TempBarVisible);
         // Closed: switches and units as before, the reading cleared, the display idle.
         QVERIFY(a.bar.IsAlarmOn() && !a.bar.IsAutoRangeOn() && !a.bar.blinking());
-        QCOMPARE(a.bar.lblTempBar.caption(), TempBar::degFCaption());
-        QCOMPARE(a.bar.indicatorHeight(), 0);
-        QCOMPARE(a.irSystem.GetCurrentState(), qint16(IRSystem::Idle));
+        QVERIFY(a.bar.lblTempBar.caption() == TempBar::degFCaption() && a.bar.indicatorHeight() == 0
+            && a.irSystem.GetCurrentState() == IRSystem::Idle);
         QVERIFY(a.state.SettingsValues.lines() == settings);
         d.verifyUntouched();
     }
@@ -154,15 +153,15 @@ private slots:
                 "GRAPH SATURATED 1", "TEMP. BAR - DEG F 1", "TEMP. BAR - DEG F 3",
                 "TEMP. UNDER LIMIT 3" }));
         // Over: the bar empty and steady, the display idle, the windows left open.
-        QVERIFY(a.bar.indicatorHeight() == 0 && !a.bar.blinking() && a.state.TempBarVisible);
-        QCOMPARE(a.irSystem.GetCurrentState(), qint16(IRSystem::Idle));
+        QVERIFY(a.bar.indicatorHeight() == 0 && !a.bar.blinking() && a.state.TempBarVisible
+            && a.irSystem.GetCurrentState() == IRSystem::Idle);
         d.verifyUntouched();
         a.demo.mnuTestFunction_Click(); // a second click stops it
         for (int i = 0; i < 30; ++i)
             a.demo.tmrSweep_Timer();
         a.demo.mnuTestFunction_Click();
-        QVERIFY(!a.demo.sweeping() && a.bar.indicatorHeight() == 0);
-        QCOMPARE(a.irSystem.GetCurrentState(), qint16(IRSystem::Idle));
+        QVERIFY(!a.demo.sweeping() && a.bar.indicatorHeight() == 0
+            && a.irSystem.GetCurrentState() == IRSystem::Idle);
         a.demo.mnuTestFunction_Click(); // closing the bar stops it
         a.tempBarWindow.mnuViewTempBar_Click();
         a.demo.tmrSweep_Timer();

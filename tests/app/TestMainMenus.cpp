@@ -161,19 +161,15 @@ private slots:
             QCOMPARE(m.mnuRealTimeGraphOn.checked(), !twice && clicks[1] == 'S');
             QCOMPARE(m.mnuAutoCompressed.checked(), !twice && clicks[1] == 'C');
         }
-        const struct {
-            QStringList arguments;
-            QString parsed; // demo, splash, home, port; or "error"
-        } lines[] = { { {}, "0 1 0 " }, { { "--demo", "--no-splash", "--home" }, "1 0 1 " },
-            { { "--port", "/dev/ttyUSB0", "stray" }, "0 1 0 /dev/ttyUSB0" },
-            { { "--port=/dev/pts/3" }, "0 1 0 /dev/pts/3" }, { { "--port" }, "error" },
-            { { "--port", "--demo" }, "error" }, { { "--fast" }, "error" }, { { "-h" }, "error" } };
-        for (const auto& line : lines) {
-            const CommandLine c = CommandLine::parse(QStringList { "talavex" } + line.arguments);
+        for (const QString row : { ">0 1 0 ", "--demo --no-splash --home>1 0 1 ",
+                 "--port /dev/ttyUSB0 stray>0 1 0 /dev/ttyUSB0",
+                 "--port=/dev/pts/3>0 1 0 /dev/pts/3", "--port>error", "--port --demo>error",
+                 "--fast>error", "-h>error" }) {
+            const CommandLine c = CommandLine::parse(
+                ("talavex " + row.section('>', 0, 0)).split(' ', Qt::SkipEmptyParts));
             const QString parsed
-                = QStringLiteral("%1 %2 %3 ").arg(c.demo).arg(c.splash).arg(c.home);
-            QCOMPARE(
-                c.error.isEmpty() ? parsed + c.portDevice : QStringLiteral("error"), line.parsed);
+                = QStringLiteral("%1 %2 %3 ").arg(c.demo).arg(c.splash).arg(c.home) + c.portDevice;
+            QCOMPARE(c.error.isEmpty() ? parsed : QStringLiteral("error"), row.section('>', 1));
         }
         AppRig rig;
         rig.app().controller.Form_Load();
