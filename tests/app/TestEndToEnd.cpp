@@ -8,36 +8,6 @@
 #include <map>
 
 namespace {
-using Fault = SimulatorOptions::Fault;
-
-// The simulator's options, written as the simulator program takes them on its command line.
-SimulatorOptions simulatorOptions(const QStringList& args)
-{
-    SimulatorOptions o;
-    const std::map<QString, Fault> faults { { "silence", Fault::Silence },
-        { "blank", Fault::BlankRecords }, { "wrongmode", Fault::WrongMode },
-        { "noise", Fault::Noise }, { "noise-nobel", Fault::NoiseWithoutBel } };
-    const std::map<QString, int*> numbers { { "--interval", &o.intervalSeconds },
-        { "--stored", &o.storedCount }, { "--empty", &o.emptyLocations },
-        { "--fault-after", &o.faultAfter } };
-    for (int i = 0; i < args.size(); ++i) {
-        const QString value = args.value(i + 1);
-        if (numbers.count(args[i]))
-            *numbers.at(args[i]) = value.toInt();
-        else if (args[i] == "--mode" && value == "download")
-            o.mode = SimulatorOptions::Mode::Download;
-        else if (args[i] == "--units" && value == "C")
-            o.units = SimulatorOptions::Units::Celsius;
-        else if (args[i] == "--fault")
-            o.fault = faults.at(value);
-        else if (args[i] == "--seed")
-            o.seed = value.toUInt();
-        o.shortForm |= args[i] == "--short";
-        o.ambientMissing |= args[i] == "--no-ambient";
-    }
-    return o;
-}
-
 const QMap<qint64, QString> colourNames { { Colors::Green, "green" }, { Colors::Red, "red" },
     { Colors::Yellow, "yellow" }, { Colors::Grey, "grey" }, { Colors::Default, "default" } };
 
@@ -62,7 +32,6 @@ private slots:
         QTest::addColumn<QString>("labels"); // the nine parameter labels
         QTest::addColumn<QString>("readout"); // the current temperature: caption/colour
         QTest::addColumn<int>("plotted"); // readings on the chart; -N: at least N
-        QTest::addColumn<int>("logged"); // readings in datatemp.dat
         QTest::addColumn<QString>("counts"); // the stored points window's totals
         QTest::addColumn<QByteArray>("obtained"); // LAST_OBTAINED_DATA_PTS.dat after its heading
         const QString f1 = "DEG F|1|0.95|85|25|110|72|75|95";
@@ -79,61 +48,62 @@ private slots:
                                   "\tAVG TEMP        95\r\r\n\t\r\n    95   DEG F\r\r\n";
         const QByteArray next2 = "    96\t  DEG\tF\r\n    94\t  DEG\tF\r\n";
         auto row = [](const char* name, const char* sim, const char* script, QString titles,
-                       QString labels, const char* readout, int plotted, int logged,
-                       QString counts = "", QByteArray obtained = {}) {
+                       QString labels, const char* readout, int plotted, QString counts = "",
+                       QByteArray obtained = {}) {
             QTest::newRow(name) << QString(sim) << QString(script) << titles << labels
-                                << QString(readout) << plotted << logged << counts << obtained;
+                                << QString(readout) << plotted << counts << obtained;
         };
         const char* silentAfter3 = "--interval 1 --fault silence --fault-after 3";
         row("real time, F", "--interval 1 --fault silence --fault-after 6", "sense p6", "", f1,
-            "94/red", 6, 6, "",
+            "94/red", 6, "",
             blockF + next2 + QByteArray(3, 'x').replace("x", "    94\t  DEG\tF\r\n"));
         row("real time, C, short form, interval 2, no ambient sensor",
             "--units C --interval 2 --short --no-ambient --seed 3 --fault silence --fault-after 5",
-            "sense p5 stop", save, c2, "/green", 5, 5);
+            "sense p5 stop", save, c2, "/green", 5);
         row("the simulator program",
             "tool --units C --interval 2 --short --no-ambient --seed 3 --fault silence "
             "--fault-after 5 --time-scale 0.001",
-            "sense p5 stop", save, c2, "/green", 5, 5);
+            "sense p5 stop", save, c2, "/green", 5);
         row("interval unknown", "--interval 0 --fault silence --fault-after 4", "sense l4",
-            "TIME INTERVAL UNKNOWN.", "DEG F|NO-INT|0.95|85|25|110|72|75|95", "94/red", 0, 4);
+            "TIME INTERVAL UNKNOWN.", "DEG F|NO-INT|0.95|85|25|110|72|75|95", "94/red", 0);
         row("readings beyond 16 bits", silentAfter3, "sense p3 >__99999 >1E309 readout", "", f1,
-            "94/grey", 3, 3, "", blockF + next2 + "  99999\r\n1E309\r\n");
-        row("text stamp", silentAfter3, "stamp=HOT_SPOT sense p3", "", f1, "94/red", 3, 3, "",
+            "94/grey", 3, "", blockF + next2 + "  99999\r\n1E309\r\n");
+        row("text stamp", silentAfter3, "stamp=HOT_SPOT sense p3", "", f1, "94/red", 3, "",
             "\x07HOT SPOT\r\n" + blockF + next2);
         row("temperature bar", "--units C --interval 1 --fault silence --fault-after 3",
             "bar sense p3 bar=TEMP._BAR_-_DEG_C", "", "DEG C|1|0.95|29|-4|43|22|24|35", "35/green",
-            3, 3);
+            3);
         row("silence", "--interval 1 --fault silence --fault-after 4", "sense p4 +4 idle",
-            halted + "|" + save, f1, "/red", 4, 4);
+            halted + "|" + save, f1, "/red", 4);
         row("port lost", silentAfter3, "sense p3 unplug idle", "COMM PORT LOST|" + save, f1, "/red",
-            3, 3);
+            3);
+        row("no device", "", "unplug sense", "CANNOT OPEN COMM PORT", "", "/default", 0);
         row("stored readings while sensing", "--interval 1 --fault wrongmode --fault-after 3",
-            "sense idle", storedWhileSensing, f1, "/red", 3, 3);
+            "sense idle", storedWhileSensing, f1, "/red", 3);
         row("blank records", "--interval 1 --fault blank --fault-after 3", "sense idle",
-            "RECEIVING BLANK LINES AS DATA.|" + save, f1, "/red", 3, 3);
+            "RECEIVING BLANK LINES AS DATA.|" + save, f1, "/red", 3);
         // Random bytes invent no reading and load no block; the first "#" halts.
         row("noise", "--interval 1 --fault noise --fault-after 1 --seed 5", "sense idle",
-            storedWhileSensing, "DEG F|1|0.95|85|25|110|72|19|88", "/grey", 1, 1);
+            storedWhileSensing, "DEG F|1|0.95|85|25|110|72|19|88", "/grey", 1);
         row("noise that never ends a record",
             "--interval 1 --fault noise-nobel --fault-after 2 --time-scale 0.00001",
-            "sense sent=200000 stop", save, f1, "/red", 2, 2);
+            "sense sent=200000 stop", save, f1, "/red", 2);
         row("dialogs held open", "--interval 1 --time-scale 0.02",
-            "sense hold:export hold:search stop", DemoController::summaryTitle() + "|" + save, f1,
-            "?", -20, -20);
+            "sense hold=export hold=search stop", DemoController::summaryTitle() + "|" + save, f1,
+            "?", -20);
         row("compressed, a thousand readings", "--interval 1 --fault silence --fault-after 1001",
-            "compressed sense p1001 x=0,1920 exit dat10=1 dat11=0", "", f1, "89/red", 1001, 1001);
+            "compressed sense p1001 x=0,1920 exit dat10=1 dat11=0", "", f1, "89/red", 1001);
         row("a second run after the first paged on",
             "--interval 1 --fault silence --fault-after 200",
             "sense p200 x=180,240 stop sense p200 x=180,240 stop", save + "|" + save, f1, "/green",
-            200, 200);
+            200);
         row("download", "--mode download --stored 12 --empty 2", "download counts +18 idle", halted,
-            "", "/default", 0, 0, counts);
+            "", "/default", 0, counts);
         row("download from the simulator program", "tool --mode download --stored 12 --empty 2",
-            "download counts stop", "", "", "/default", 0, 0, counts);
+            "download counts stop", "", "", "/default", 0, counts);
         row("readings while downloading", "--mode download --fault wrongmode --fault-after 2",
             "download idle", "RECEIVED REAL TIME DATA WHILE IN DOWNLOAD STORED DATA MODE", "",
-            "/default", 0, 0, "2 READINGS, 0 EMPTY LOCATIONS");
+            "/default", 0, "2 READINGS, 0 EMPTY LOCATIONS");
     }
 
     void operatorRuns()
@@ -144,7 +114,6 @@ private slots:
         QFETCH(QString, labels);
         QFETCH(QString, readout);
         QFETCH(int, plotted);
-        QFETCH(int, logged);
         QFETCH(QString, counts);
         QFETCH(QByteArray, obtained);
 
@@ -153,7 +122,7 @@ private slots:
         if (tool)
             args = args.mid(1) + QStringList { "--rate", "0", "--stay" };
         const qsizetype scale = args.indexOf("--time-scale");
-        const SimulatorOptions options = simulatorOptions(args);
+        const SimulatorOptions options = AppRig::simulatorOptions(args);
         AppRig rig(options, scale < 0 ? 0.001 : args.value(scale + 1).toDouble(),
             tool ? args : QStringList());
         Application& a = rig.app();
@@ -181,6 +150,8 @@ private slots:
                 [&] {
                     heading = BuildFileHeader(a.state, rig.clock).toLatin1() + "\r\n";
                     rig.startSensing();
+                    if (!a.main.mnuSenseTemperature.checked())
+                        heading.clear();
                 } },
             { "download", [&] { rig.startDownload(); } },
             { "stop", [&] { a.acquisition.mnuStop_Click(); } },
@@ -188,7 +159,6 @@ private slots:
             { "bar", [&] { a.tempBarWindow.mnuViewTempBar_Click(); } },
             { "compressed", [&] { a.controller.mnuAutoCompressed_Click(); } },
             { "unplug", [&] { rig.instrument.close(); } },
-            { "quiet", [&] { rig.instrument.stop(); } },
             { "idle",
                 [&] {
                     QTRY_VERIFY_WITH_TIMEOUT(
@@ -206,24 +176,19 @@ private slots:
                     QTRY_COMPARE_WITH_TIMEOUT(
                         a.storedPointsModel.lblReceivedCounts.caption(), counts, 20000);
                 } },
-            { "hold:export",
-                [&] {
-                    rig.prompter.onShow = holdOpen;
-                    a.chartExport.mnuExportChart_Click();
-                    rig.prompter.onShow = nullptr;
-                } },
-            { "hold:search",
-                [&] {
-                    rig.prompter.onShow = holdOpen;
-                    a.demo.mnuSearchForIR_Click();
-                    rig.prompter.onShow = nullptr;
-                } },
         };
         for (const QString& step : script.split(' ')) {
             const QString op = step.section('=', 0, 0);
             const QString value = step.section('=', 1).replace('_', ' ');
             if (commands.count(step)) {
                 commands.at(step)();
+            } else if (op == "hold") { // CHART > EXPORT's file chooser, or DEMO's summary box
+                rig.prompter.onShow = holdOpen;
+                if (value == "export")
+                    a.chartExport.mnuExportChart_Click();
+                else
+                    a.demo.mnuSearchForIR_Click();
+                rig.prompter.onShow = nullptr;
             } else if (op == "stamp") { // COMMAND > TEXT STAMP
                 rig.prompter.inputs.push_back(value);
                 a.files.mnuTextStamp_Click();
@@ -239,11 +204,11 @@ private slots:
                 clockStill = false;
             } else if (op.startsWith('>')) { // a record of our own on the line
                 rig.instrument.server().write(op.mid(1).replace('_', ' ').toLatin1() + '\x07');
-            } else if (op == "x") {
-                QCOMPARE(
-                    rig.chart.axisMin(ChartSurface::Axis::X), value.section(',', 0, 0).toDouble());
-                QCOMPARE(
-                    rig.chart.axisMax(ChartSurface::Axis::X), value.section(',', 1).toDouble());
+            } else if (op == "x") { // the X axis
+                QCOMPARE(QStringLiteral("%1,%2")
+                             .arg(rig.chart.axisMin(ChartSurface::Axis::X))
+                             .arg(rig.chart.axisMax(ChartSurface::Axis::X)),
+                    value);
             } else if (op == "bar") { // the bar's caption, and its top at the last reading
                 QCOMPARE(a.bar.lblTempBar.caption(), value);
                 const auto top = TempBar::BarTop(
@@ -281,8 +246,8 @@ private slots:
         }
         // The live log has a line for each reading the readout took.
         const QList<QByteArray> live = fileLines(rig.dir.filePath("datatemp.dat"));
-        if (logged > 0)
-            QCOMPARE(live.size(), 2 + (plotted < 0 ? points() : logged));
+        if (!heading.isEmpty() && options.intervalSeconds > 0)
+            QCOMPARE(live.size(), 2 + points());
         for (int k = 0; k + 2 < live.size(); ++k) {
             const QByteArray line = live.at(k + 1).chopped(1);
             QCOMPARE(clockStill ? line : line.split(',').value(3),

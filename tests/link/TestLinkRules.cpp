@@ -6,8 +6,7 @@
 #include <QTest>
 
 namespace {
-// The menus that follow the acquisition mode, one character each: 'o' enabled, '.' disabled,
-// '*' enabled and checked.
+// The menus that follow the acquisition mode: 'o' enabled, '.' disabled, '*' checked.
 QString menus(const Application& a)
 {
     QString shown;
@@ -16,88 +15,57 @@ QString menus(const Application& a)
              "mnuCopyChart", "mnuTextStamp", "mnuNewAcquiredDataPoints", "mnuAbout", "mnuCharting",
              "mnuSearchForIR" }) {
         const Control* c = a.main.control(QString::fromLatin1(name));
-        shown += c->checked() ? (c->enabled() ? '*' : '#') : (c->enabled() ? 'o' : '.');
+        shown += c->checked() ? '*' : c->enabled() ? 'o' : '.';
     }
     return shown;
 }
 const QString Idle = "oooooooooooooo";
 const QString Sensing = "*...........oo";
 const QString Downloading = ".*o.ooooo.o..o";
-
-QString readout(const Application& a)
-{
-    static const QMap<qint64, QString> names { { Colors::Green, "green" }, { Colors::Red, "red" },
-        { Colors::Yellow, "yellow" }, { Colors::Grey, "grey" } };
-    return a.main.lblCurrentTemp.caption() + '/' + names.value(a.main.lblCurrentTemp.foreColor());
-}
 } // namespace
 
-// The rules of the line that the end-to-end runs cannot reach cheaply: what a record is, when
-// the watchdog halts, the alarm limits, and how each way a download ends leaves the program.
+// The rules of the line that whole runs cannot reach cheaply: what a record is, when the
+// watchdog halts, the alarm limits, and how each way a download ends leaves the program.
 class TestLinkRules : public QObject {
     Q_OBJECT
 private slots:
-    // What a record is against the mode: kind, the mode error, the reading or why there is none.
     void parseRecord_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("block");
-        QTest::addColumn<QString>("mode"); // "realtime", "download", "idle"
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("error");
-        QTest::addColumn<int>("fault");
-        QTest::addColumn<int>("temperature"); // -1: none
-        using K = RecordKind;
-        using E = ModeError;
-        using F = ReadingFault;
-        auto row = [](const char* name, const char* text, bool block, const char* mode, K kind,
-                       E error, F fault, int temperature) {
-            QTest::newRow(name) << QString(text) << block << QString(mode) << int(kind)
-                                << int(error) << int(fault) << temperature;
+        QTest::addColumn<QString>("mode"); // r sensing, d downloading, i idle; B a block mark
+        QTest::addColumn<QString>("parsed"); // kind, mode error, reading fault, temperature
+        auto row = [](const char* name, const char* text, const char* mode, const char* parsed) {
+            QTest::newRow(name) << QString(text) << QString(mode) << QString(parsed);
         };
-        row("short record is the whole field", "12", false, "realtime", K::Reading, E::None,
-            F::None, 12);
-        row("long form, text before the unit", "  1234   DEG F", false, "realtime", K::Reading,
-            E::None, F::None, 1234);
-        row("twelve characters: the unit spoils it", "  75   DEG F", false, "realtime", K::Reading,
-            E::None, F::NotNumeric, -1);
-        row("negative long form", "  -40   DEG C", false, "realtime", K::Reading, E::None, F::None,
-            -40);
-        row("half to even", "  74.5", false, "realtime", K::Reading, E::None, F::None, 74);
-        row("largest", "  32767", false, "realtime", K::Reading, E::None, F::None, 32767);
-        row("out of range", "  32768", false, "realtime", K::Reading, E::None, F::OutOfRange, -1);
-        row("beyond a double", "-1E309", false, "realtime", K::Reading, E::None, F::OutOfRange, -1);
-        row("long record, word first", "  ERROR   SENSOR", false, "realtime", K::Reading, E::None,
-            F::NotNumeric, -1);
-        row("blank", "", false, "realtime", K::Blank, E::None, F::NotNumeric, -1);
-        row("block", "\x0b  DEG F\r\n", true, "realtime", K::ParameterBlock, E::None, F::NotNumeric,
-            -1);
-        row("stored while sensing", "#001  75", true, "realtime", K::StoredPoint,
-            E::StoredWhileRealTime, F::None, -1);
-        row("stored while downloading", "#001  75", false, "download", K::StoredPoint, E::None,
-            F::None, -1);
-        row("reading while downloading", "  75", false, "download", K::Reading,
-            E::ReadingWhileDownload, F::None, -1);
-        row("bare CR LF while downloading", "  ", false, "download", K::Reading, E::None, F::None,
-            -1);
-        row("empty location", "", false, "download", K::Blank, E::None, F::None, -1);
-        row("no reading outside sensing", "  75", false, "idle", K::Reading, E::None, F::None, -1);
+        row("short record", "12", "r", "reading - - 12");
+        row("twelve characters", "  75   DEG F", "r", "reading - not-numeric -");
+        row("negative long form", "  -40   DEG C", "r", "reading - - -40");
+        row("half to even", "  74.5", "r", "reading - - 74");
+        row("largest", "  32767", "r", "reading - - 32767");
+        row("out of range", "  32768", "r", "reading - out-of-range -");
+        row("word first", "  ERROR   SENSOR", "r", "reading - not-numeric -");
+        row("block", "\x0b  DEG F\r\n", "rB", "block - not-numeric -");
+        row("stored while sensing", "#001  75", "rB", "stored stored-while-sensing - -");
+        row("stored while downloading", "#001  75", "d", "stored - - -");
+        row("empty location", "", "d", "blank - - -");
+        row("idle", "  75", "i", "reading - - -");
     }
     void parseRecord()
     {
         QFETCH(QString, text);
-        QFETCH(bool, block);
         QFETCH(QString, mode);
-        QFETCH(int, temperature);
-        const ParsedRecord parsed
-            = ParseRecord({ text, block }, { mode == "realtime", mode == "download" });
-        QTEST(int(parsed.kind), "kind");
-        QTEST(int(parsed.modeError), "error");
-        QTEST(int(parsed.fault), "fault");
-        QCOMPARE(int(parsed.temperature.value_or(-1)), temperature);
+        const ParsedRecord p
+            = ParseRecord({ text, mode.contains('B') }, { mode.contains('r'), mode.contains('d') });
+        const char* kinds[] = { "blank", "stored", "block", "reading" };
+        const char* errors[] = { "-", "stored-while-sensing", "reading-while-downloading" };
+        const char* faults[] = { "-", "not-numeric", "out-of-range" };
+        QTEST(QStringLiteral("%1 %2 %3 %4")
+                  .arg(kinds[int(p.kind)], errors[int(p.modeError)], faults[int(p.fault)],
+                      p.temperature ? QString::number(*p.temperature) : "-"),
+            "parsed");
     }
 
-    // The text rules: a parameter's value, a stored record's columns, a block's fields.
+    // A parameter's value, a stored record's columns, a block's fields.
     void textRules_data()
     {
         QTest::addColumn<QString>("rule");
@@ -106,18 +74,15 @@ private slots:
         auto row = [](const char* name, const char* rule, const char* in, const char* out) {
             QTest::newRow(name) << QString(rule) << QString(in) << QString(out);
         };
-        row("interval", "value", "INT (SECS)      2\r", "2");
-        row("units with control characters", "value", "\x0b  DEG F\r", "DEG F");
+        row("units", "value", "\x0b  DEG F\r", "DEG F");
         row("no run of blanks", "value", " EMISSIVITY 0.95 ", "EMISSIVITY 0.95");
-        row("several runs, the last wins", "value", "A  B   C 1", "C 1");
-        row("stored reading", "stored", "#001   75   DEG F", "\t#001\t75\tDEG F");
+        row("the last run wins", "value", "A  B   C 1", "C 1");
         row("leading blanks", "stored", "  #012  101", "\t#012\t101");
-        row("group separator", "stored", "  ", "\r\n\t");
         row("trailing blanks", "stored", "#3  7  ", "\t#3\t7");
-        row("eleven fields, short lines skipped, text after the last line feed unused", "fields",
+        row("short lines skipped, text after the last line feed unused", "fields",
             "A1234\nB\nC1234\nD1234\nE1234\nF1234\nG1234\nH1234\nI1234\nJ1234\nK1234\nL1234\nM",
             "A1234|C1234|D1234|E1234|F1234|G1234|H1234|I1234|J1234|K1234|L1234");
-        row("ten fields are not a block", "fields",
+        row("ten fields are no block", "fields",
             "A1234\nB1234\nC1234\nD1234\nE1234\nF1234\nG1234\nH1234\nI1234\nJ1234\n", "");
         row("a dash makes the seventh BOGUS", "fields",
             "A1234\nB1234\nC1234\nD1234\nE1234\nF1234\nG--34\nH1234\nI1234\nJ1234\nK1234\n",
@@ -127,88 +92,74 @@ private slots:
     {
         QFETCH(QString, rule);
         QFETCH(QString, in);
-        QString out;
-        if (rule == "value") {
-            out = ParameterValuePart(in);
-        } else if (rule == "stored") {
-            out = FormatStoredRecord(in);
-        } else if (const auto fields = ParameterBlockFields(in)) {
+        QString out = rule == "value" ? ParameterValuePart(in)
+            : rule == "stored"        ? FormatStoredRecord(in)
+                                      : QString();
+        if (const auto fields = rule == "fields" ? ParameterBlockFields(in) : std::nullopt)
             out = QStringList(fields->begin(), fields->end()).join('|');
-        }
         QTEST(out, "out");
     }
 
-    // The records assembled from characters: "|" ends a record as shown, "[block]" marks a
-    // parameter block.
-    void reader_data()
+    // The records assembled from characters, each ended by "|", "[block]" marking a block; and
+    // the blank-line guard over them (E empty, T text, D empty in a download): the fifth empty
+    // record counted after the first halts, until text comes.
+    void records_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("records");
         QTest::newRow("line ends become blanks") << QByteArray("  75\r\n\x07\x07") << "  75  ||";
-        QTest::newRow("kept inside a block, and the text before its tab too")
-            << QByteArray("A\r\x0b"
-                          "B\r\n\x07"
-                          "C\x07")
-            << "A \x0b"
-               "B\r\n[block]|C|";
+        QTest::newRow("kept from a block's tab on") << QByteArray("A\r\x0b"
+                                                                  "B\r\n\x07"
+                                                                  "C\x07")
+                                                    << "A \x0b"
+                                                       "B\r\n[block]|C|";
         QTest::newRow("a second tab begins the block anew") << QByteArray("\x0b"
                                                                           "A\r\n\x0b"
                                                                           "B\x07")
                                                             << "\x0b"
                                                                "B[block]|";
-        QByteArray endless(RecordReader::MaxRecordLength + 10, '7');
         QTest::newRow("a record never ended is cut at its bound")
-            << endless + "\x07" << QString(RecordReader::MaxRecordLength, '7') + '|';
+            << QByteArray(RecordReader::MaxRecordLength + 10, '7') + "\x07"
+            << QString(RecordReader::MaxRecordLength, '7') + '|';
+        QTest::newRow("the sixth empty halts") << QByteArray("EEEEEEE") << "0000011";
+        QTest::newRow("text disarms") << QByteArray("EEEETEEEEE") << "0000000000";
+        QTest::newRow("a download never arms") << QByteArray("DDDDDDD") << "0000000";
+        QTest::newRow("armed, a download counts on") << QByteArray("EDDDDD") << "000001";
     }
-    void reader()
+    void records()
     {
         QFETCH(QByteArray, bytes);
         RecordReader reader;
+        BlankLineGuard guard;
         QString records;
         for (char c : bytes) {
-            if (const auto record = reader.feed(c))
+            if (QByteArray("EDT").contains(c))
+                records += guard.halts(c != 'T', c == 'D') ? '1' : '0';
+            else if (const auto record = reader.feed(c))
                 records += record->text + (record->parameterBlock ? "[block]|" : "|");
         }
         QTEST(records, "records");
         QVERIFY(reader.pending().isEmpty());
     }
 
-    // Empty records outside a download: the first arms the guard, the fifth counted halts.
-    void blankLines_data()
-    {
-        QTest::addColumn<QString>("records"); // E empty, T text, D empty in a download
-        QTest::addColumn<QString>("halts");
-        QTest::newRow("the sixth halts") << "EEEEEEE"
-                                         << "0000011";
-        QTest::newRow("text disarms") << "EEEETEEEEE"
-                                      << "0000000000";
-        QTest::newRow("a download never arms") << "DDDDDDD"
-                                               << "0000000";
-        QTest::newRow("armed, a download counts on") << "EDDDDD"
-                                                     << "000001";
-    }
-    void blankLines()
-    {
-        QFETCH(QString, records);
-        BlankLineGuard guard;
-        QString halts;
-        for (QChar r : records)
-            halts += guard.halts(r != 'T', r == 'D') ? '1' : '0';
-        QTEST(halts, "halts");
-    }
-
-    // Readings against the alarm limits 25 and 85, after a reading of 90.
+    // After a reading of 90, against the alarm limits 25 and 85; and the beep, which sounds
+    // when settings entry 22 reads as true.
     void alarmLimits_data()
     {
         QTest::addColumn<QByteArray>("reading");
+        QTest::addColumn<QString>("entry22");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("above the high limit") << QByteArray("  86") << "86/red";
-        QTest::newRow("at the high limit") << QByteArray("  85") << "85/green";
-        QTest::newRow("below the low limit") << QByteArray("  24") << "24/yellow";
-        QTest::newRow("at the low limit") << QByteArray("  25") << "25/green";
-        QTest::newRow("out of range") << QByteArray("  40000") << "90/grey";
-        QTest::newRow("not numeric") << QByteArray("ERROR") << "90/grey";
-        QTest::newRow("400 digits are no reading of 0") << QByteArray(400, '9') << "90/grey";
+        QTest::addColumn<int>("beeps");
+        auto row = [](const char* name, QByteArray reading, const char* entry22, const char* shown,
+                       int beeps) {
+            QTest::newRow(name) << reading << QString(entry22) << QString(shown) << beeps;
+        };
+        row("above the high limit", "  86", "1", "86 red", 1);
+        row("at the high limit", "  85", "True", "85 green", 1);
+        row("below the low limit", "  24", "-1", "24 yellow", 1);
+        row("at the low limit", "  25", "0", "25 green", 0);
+        row("out of range", "  40000", "loud", "90 grey", 0);
+        row("400 digits are no reading of 0", QByteArray(400, '9'), "", "90 grey", 0);
     }
     void alarmLimits()
     {
@@ -218,38 +169,26 @@ private slots:
         Application& a = rig.app();
         a.state.SettingsValues.highAlarmLimit.text = QStringLiteral("85");
         a.state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
+        QFETCH(QString, entry22);
+        a.state.SettingsValues.audibleAlarms.text = entry22;
         a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
         rig.startSensing();
         QCOMPARE(menus(a), Sensing);
         rig.feed("  90\x07" + reading + "\x07");
-        QCOMPARE(readout(a), shown);
+        const QMap<qint64, QString> colours { { Colors::Green, "green" }, { Colors::Red, "red" },
+            { Colors::Yellow, "yellow" }, { Colors::Grey, "grey" } };
+        QCOMPARE(a.main.lblCurrentTemp.caption() + ' '
+                + colours.value(a.main.lblCurrentTemp.foreColor()),
+            shown);
         QCOMPARE(a.main.lblStatCurrentTemp.foreColor(), a.main.lblCurrentTemp.foreColor());
         QVERIFY(a.main.lblStatCurrentTemp.visible());
         QCOMPARE(a.acquisition.tmrBeep().isActive(), shown.endsWith("red") || shown.endsWith("w"));
         QCOMPARE(rig.chart.pointCount(1) - 1, shown.endsWith("grey") ? 1 : 2);
+        a.acquisition.tmrBeep_Timer();
+        QTEST(rig.beeper.count, "beeps");
         a.acquisition.mnuStop_Click();
         QCOMPARE(menus(a), Idle);
         QVERIFY(!a.acquisition.tmrBeep().isActive() && !a.main.lblStatCurrentTemp.visible());
-    }
-
-    void beep_data()
-    {
-        QTest::addColumn<QString>("entry22");
-        QTest::addColumn<int>("beeps");
-        QTest::newRow("on") << "1" << 1;
-        QTest::newRow("off") << "0" << 0;
-        QTest::newRow("True") << "True" << 1;
-        QTest::newRow("minus one") << "-1" << 1;
-        QTest::newRow("word") << "loud" << 0;
-        QTest::newRow("empty") << "" << 0;
-    }
-    void beep()
-    {
-        QFETCH(QString, entry22);
-        AppRig rig;
-        rig.app().state.SettingsValues.audibleAlarms.text = entry22;
-        rig.app().acquisition.tmrBeep_Timer();
-        QTEST(rig.beeper.count, "beeps");
     }
 
     void watchdog_data()
@@ -259,24 +198,20 @@ private slots:
         QTest::addColumn<int>("silence");
         QTest::addColumn<bool>("halts");
         QTest::addColumn<bool>("beforeMidnight"); // the silence starts at 23:59:58
-        QTest::newRow("interval 2, 4 s") << "realtime"
-                                         << "2" << 4 << false << false;
-        QTest::newRow("interval 2, 5 s") << "realtime"
-                                         << "2" << 5 << true << false;
-        QTest::newRow("no interval, 2001 s") << "realtime"
-                                             << "NO-INT" << 2001 << false << false;
-        QTest::newRow("no interval, 2002 s") << "realtime"
-                                             << "NO-INT" << 2002 << true << false;
-        QTest::newRow("empty interval, 2002 s") << "realtime"
-                                                << "" << 2002 << true << false;
-        QTest::newRow("download, 17 s") << "download"
-                                        << "2" << 17 << false << false;
-        QTest::newRow("download, 18 s") << "download"
-                                        << "2" << 18 << true << false;
-        QTest::newRow("across midnight, 4 s") << "realtime"
-                                              << "2" << 4 << false << true;
-        QTest::newRow("across midnight, 5 s") << "realtime"
-                                              << "2" << 5 << true << true;
+        auto row = [](const char* name, const char* mode, const char* interval, int silence,
+                       bool halts, bool beforeMidnight = false) {
+            QTest::newRow(name) << QString(mode) << QString(interval) << silence << halts
+                                << beforeMidnight;
+        };
+        row("interval 2, 4 s", "realtime", "2", 4, false);
+        row("interval 2, 5 s", "realtime", "2", 5, true);
+        row("no interval, 2001 s", "realtime", "NO-INT", 2001, false);
+        row("no interval, 2002 s", "realtime", "NO-INT", 2002, true);
+        row("empty interval, 2002 s", "realtime", "", 2002, true);
+        row("download, 17 s", "download", "2", 17, false);
+        row("download, 18 s", "download", "2", 18, true);
+        row("across midnight, 4 s", "realtime", "2", 4, false, true);
+        row("across midnight, 5 s", "realtime", "2", 5, true, true);
     }
     void watchdog()
     {
@@ -295,13 +230,12 @@ private slots:
         else
             rig.startDownload();
         rig.clock.advance(silence);
-        // The box shown is the only one, even if the watchdog looks again meanwhile.
+        // The box is the only one, even if the watchdog looks again meanwhile.
         rig.prompter.onShow
             = [&](const Prompter::Message&) { a.acquisition.tmrCheckTransmission_Timer(); };
         a.acquisition.tmrCheckTransmission_Timer();
         QCOMPARE(a.acquisition.TransmissionLost, halts);
-        QCOMPARE(rig.port.isOpen(), !halts);
-        QCOMPARE(a.acquisition.tmrCheckTransmission().isActive(), !halts);
+        QCOMPARE(rig.port.isOpen() && a.acquisition.tmrCheckTransmission().isActive(), !halts);
         QCOMPARE(rig.prompter.titles(),
             halts ? QStringList { "IR SYSTEM HAS HALTED DATA TRANSMISSION" } : QStringList());
         QCOMPARE(menus(a), halts ? Idle : mode == "realtime" ? Sensing : Downloading);
@@ -313,19 +247,13 @@ private slots:
     void storedPointsWindowAfterADownload_data()
     {
         QTest::addColumn<QString>("end");
-        QTest::addColumn<bool>("restart");
-        QTest::newRow("window closed while receiving") << "close" << false;
-        QTest::newRow("DOWNLOAD STORED DATA unchecked") << "menu" << false;
-        QTest::newRow("watchdog") << "watchdog" << false;
-        QTest::newRow("STOP") << "stop" << false;
-        QTest::newRow("mode error") << "mode" << false;
-        QTest::newRow("port loss") << "loss" << false;
-        QTest::newRow("watchdog, then START RECEIVING") << "watchdog" << true;
+        for (const char* end :
+            { "close", "menu", "watchdog", "stop", "mode error", "port loss", "watchdog, restart" })
+            QTest::newRow(end) << QString(end);
     }
     void storedPointsWindowAfterADownload()
     {
         QFETCH(QString, end);
-        QFETCH(bool, restart);
         AppRig rig;
         Application& a = rig.app();
         StoredPointsModel& w = a.storedPointsModel;
@@ -336,16 +264,16 @@ private slots:
         const QString counts = QStringLiteral("1 READING, 2 EMPTY LOCATIONS");
         QCOMPARE(w.lblReceivedCounts.caption(), counts);
         rig.clock.advance(18);
-        if (end == "watchdog")
+        if (end.startsWith("watchdog"))
             a.acquisition.tmrCheckTransmission_Timer();
         else if (end == "stop")
             a.acquisition.mnuStop_Click();
-        else if (end == "mode")
+        else if (end == "mode error")
             rig.feed("  75\x07");
-        else if (end == "loss")
+        else if (end == "port loss")
             rig.port.vanish(QStringLiteral("gone"));
         QCOMPARE(w.lblReceivedCounts.caption(), counts);
-        if (restart) {
+        if (end.endsWith("restart")) {
             a.storedPoints.cmdStartDownload_Click();
             QCOMPARE(menus(a), Downloading);
             QVERIFY(rig.port.isOpen());
@@ -370,44 +298,6 @@ private slots:
         QCOMPARE(w.cmdStartDownload.caption(), QStringLiteral("START RECEIVING"));
         QCOMPARE(w.cmdStartDownload.backColor(), Colors::Green);
         QCOMPARE(w.lblAcquiredPoints.foreColor(), Colors::Yellow);
-    }
-
-    // A port that does not open, and one that goes away: the operator is told once, and what
-    // was on the line before is still taken.
-    void portFaults()
-    {
-        AppRig rig;
-        Application& a = rig.app();
-        rig.port.failure = QStringLiteral("Permission denied");
-        rig.startSensing();
-        QCOMPARE(rig.prompter.titles(), QStringList { "CANNOT OPEN COMM PORT" });
-        QVERIFY(rig.prompter.messages().front().text.endsWith("(/dev/fake1) CANNOT BE OPENED.\r\n"
-                                                              "Permission denied"));
-        QCOMPARE(menus(a), Idle);
-        QVERIFY(!a.acquisition.tmrCheckTransmission().isActive());
-
-        rig.prompter.clear();
-        rig.port.failure.clear();
-        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
-        rig.startSensing();
-        rig.port.pending.append("  77\x07");
-        rig.port.vanish(QStringLiteral("No such device"));
-        QCOMPARE(rig.prompter.titles(),
-            (QStringList { "COMM PORT LOST", "SAVE PLOTTED DATA TO FILE?" }));
-        QVERIFY(rig.prompter.messages().front().text.contains("No such device"));
-        QCOMPARE(rig.chart.y(1, 1), 77.0);
-        QCOMPARE(menus(a), Idle);
-        // Once idle, a closed port is no news; nor is a loss under the watchdog's box.
-        a.acquisition.portLost();
-        QCOMPARE(rig.prompter.titles().size(), 2);
-        rig.prompter.clear();
-        rig.port.failure.clear();
-        rig.startSensing();
-        rig.clock.advance(10);
-        rig.prompter.onShow = [&](const Prompter::Message&) { rig.port.vanish("gone"); };
-        a.acquisition.tmrCheckTransmission_Timer();
-        QCoreApplication::processEvents();
-        QCOMPARE(rig.prompter.titles(), QStringList { "IR SYSTEM HAS HALTED DATA TRANSMISSION" });
     }
 
     // Characters arriving while a box of the receive path is open wait for it.

@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <map>
 #include <memory>
 
 // The real application, wired as in the program, around fakes of the desktop and the line.
@@ -56,6 +57,32 @@ public:
                 qFatal("the simulator program gave no device: %s", qPrintable(tool.errorString()));
         }
         portMap.setRunOverride(1, device);
+    }
+    // The simulator's options as the simulator program takes them on its command line.
+    static SimulatorOptions simulatorOptions(const QStringList& args)
+    {
+        SimulatorOptions o;
+        const std::map<QString, int*> numbers { { "--interval", &o.intervalSeconds },
+            { "--stored", &o.storedCount }, { "--empty", &o.emptyLocations },
+            { "--fault-after", &o.faultAfter } };
+        const QStringList faults { "none", "silence", "blank", "wrongmode", "noise",
+            "noise-nobel" };
+        for (int i = 0; i < args.size(); ++i) {
+            const QString value = args.value(i + 1);
+            if (numbers.count(args[i]))
+                *numbers.at(args[i]) = value.toInt();
+            else if (args[i] == "--mode" && value == "download")
+                o.mode = SimulatorOptions::Mode::Download;
+            else if (args[i] == "--units" && value == "C")
+                o.units = SimulatorOptions::Units::Celsius;
+            else if (args[i] == "--fault")
+                o.fault = SimulatorOptions::Fault(faults.indexOf(value));
+            else if (args[i] == "--seed")
+                o.seed = value.toUInt();
+            o.shortForm |= args[i] == "--short";
+            o.ambientMissing |= args[i] == "--no-ambient";
+        }
+        return o;
     }
     ~AppRig()
     {
