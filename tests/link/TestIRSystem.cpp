@@ -21,25 +21,19 @@ private slots:
         };
         row("scan", "2/0 scan: scan 0 +ir +comp");
         row("sense scan", "2/1! scan: scan 0 +ir +comp");
-        row("download scan", "2/3! scan: scan 0 +ir +comp");
         row("download sense", "1/3! sense: sensing 0 +ir +comp");
         row("sense download", "3/1! data: data ic@0 +ir +comp");
         row("sense scan idle", "0/1 idle: scan 0 +ir +comp");
         row("scan reset", "0/0 idle: +ir +comp");
         row("sense scan reset", "1/1 sense: sensing 0 +ir +comp");
-        row("download sense reset", "3/3 data: data ic@0 +ir +comp");
-        row("scan download reset", "2/2 scan: scan 0 +ir +comp");
         row("sense scan idle comp download", "3/1 data: data ic@0 +ir +comp");
-        row("sense scan download", "3/2! data: data ic@0 +ir +comp");
         row("sense scan ir comp init", "0/0 idle:");
         // The figures move on each tick of their timer.
-        row("sense ir ir ir", "1/0 sense: sensing 3 +ir +comp");
         row("sense ir ir ir ir ir ir ir ir", "1/0 sense: sensing 0 +ir +comp");
         row("sense comp comp", "1/0 sense: sensing 0 data c@1 +ir +comp");
         row("scan ir ir ir ir ir ir ir ir", "2/0 scan: scan 4 +ir +comp");
         row("download comp comp comp", "3/0 data: data ic@3 +comp");
         row("download ir", "3/0 data: data ic@0 +comp");
-        row("sense ir comp scan", "2/1! scan: scan 0 +ir +comp");
         // Idle: the figures go on the next tick of either timer; each stops on its own next tick.
         row("sense ir ir comp idle comp", "0/0 idle: +ir");
         row("sense ir ir comp idle ir", "0/0 idle: +comp");

@@ -29,13 +29,16 @@ const QString Downloading = ".*o.ooooo.o..o";
 class TestLinkRules : public QObject {
     Q_OBJECT
 private slots:
-    void parseRecord_data()
+    // What a record is against the mode (r sensing, d downloading, i idle; B a block mark):
+    // kind, mode error, reading fault, temperature. A parameter's value, a stored record's
+    // columns, a block's fields.
+    void parsing_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("mode"); // r sensing, d downloading, i idle; B a block mark
-        QTest::addColumn<QString>("parsed"); // kind, mode error, reading fault, temperature
-        auto row = [](const char* name, const char* text, const char* mode, const char* parsed) {
-            QTest::newRow(name) << QString(text) << QString(mode) << QString(parsed);
+        QTest::addColumn<QString>("rule");
+        QTest::addColumn<QString>("parsed");
+        auto row = [](const char* name, const char* text, const char* rule, const char* parsed) {
+            QTest::newRow(name) << QString(text) << QString(rule) << QString(parsed);
         };
         row("short record", "12", "r", "reading - - 12");
         row("twelve characters", "  75   DEG F", "r", "reading - not-numeric -");
@@ -44,60 +47,43 @@ private slots:
         row("largest", "  32767", "r", "reading - - 32767");
         row("out of range", "  32768", "r", "reading - out-of-range -");
         row("word first", "  ERROR   SENSOR", "r", "reading - not-numeric -");
-        row("block", "\x0b  DEG F\r\n", "rB", "block - not-numeric -");
+        row("block", "\013  DEG F\r\n", "rB", "block - not-numeric -");
         row("stored while sensing", "#001  75", "rB", "stored stored-while-sensing - -");
         row("stored while downloading", "#001  75", "d", "stored - - -");
         row("empty location", "", "d", "blank - - -");
         row("idle", "  75", "i", "reading - - -");
+        row("the last run of blanks wins", "A  B   C 1", "value", "C 1");
+        row("leading blanks", "  #012  101", "stored", "\t#012\t101");
+        row("trailing blanks", "#3  7  ", "stored", "\t#3\t7");
+        row("short lines skipped, text after the last line feed unused",
+            "A1234\nB\nC1234\nD1234\nE1234\nF1234\nG1234\nH1234\nI1234\nJ1234\nK1234\nL1234\nM",
+            "fields", "A1234|C1234|D1234|E1234|F1234|G1234|H1234|I1234|J1234|K1234|L1234");
+        row("ten fields are no block",
+            "A1234\nB1234\nC1234\nD1234\nE1234\nF1234\nG1234\nH1234\nI1234\nJ1234\n", "fields", "");
+        row("a dash makes the seventh BOGUS",
+            "A1234\nB1234\nC1234\nD1234\nE1234\nF1234\nG--34\nH1234\nI1234\nJ1234\nK1234\n",
+            "fields", "A1234|B1234|C1234|D1234|E1234|F1234|BOGUS|H1234|I1234|J1234|K1234");
     }
-    void parseRecord()
+    void parsing()
     {
         QFETCH(QString, text);
-        QFETCH(QString, mode);
+        QFETCH(QString, rule);
         const ParsedRecord p
-            = ParseRecord({ text, mode.contains('B') }, { mode.contains('r'), mode.contains('d') });
+            = ParseRecord({ text, rule.contains('B') }, { rule.contains('r'), rule.contains('d') });
         const char* kinds[] = { "blank", "stored", "block", "reading" };
         const char* errors[] = { "-", "stored-while-sensing", "reading-while-downloading" };
         const char* faults[] = { "-", "not-numeric", "out-of-range" };
-        QTEST(QStringLiteral("%1 %2 %3 %4")
-                  .arg(kinds[int(p.kind)], errors[int(p.modeError)], faults[int(p.fault)],
-                      p.temperature ? QString::number(*p.temperature) : "-"),
-            "parsed");
-    }
-
-    // A parameter's value, a stored record's columns, a block's fields.
-    void textRules_data()
-    {
-        QTest::addColumn<QString>("rule");
-        QTest::addColumn<QString>("in");
-        QTest::addColumn<QString>("out");
-        auto row = [](const char* name, const char* rule, const char* in, const char* out) {
-            QTest::newRow(name) << QString(rule) << QString(in) << QString(out);
-        };
-        row("units", "value", "\x0b  DEG F\r", "DEG F");
-        row("no run of blanks", "value", " EMISSIVITY 0.95 ", "EMISSIVITY 0.95");
-        row("the last run wins", "value", "A  B   C 1", "C 1");
-        row("leading blanks", "stored", "  #012  101", "\t#012\t101");
-        row("trailing blanks", "stored", "#3  7  ", "\t#3\t7");
-        row("short lines skipped, text after the last line feed unused", "fields",
-            "A1234\nB\nC1234\nD1234\nE1234\nF1234\nG1234\nH1234\nI1234\nJ1234\nK1234\nL1234\nM",
-            "A1234|C1234|D1234|E1234|F1234|G1234|H1234|I1234|J1234|K1234|L1234");
-        row("ten fields are no block", "fields",
-            "A1234\nB1234\nC1234\nD1234\nE1234\nF1234\nG1234\nH1234\nI1234\nJ1234\n", "");
-        row("a dash makes the seventh BOGUS", "fields",
-            "A1234\nB1234\nC1234\nD1234\nE1234\nF1234\nG--34\nH1234\nI1234\nJ1234\nK1234\n",
-            "A1234|B1234|C1234|D1234|E1234|F1234|BOGUS|H1234|I1234|J1234|K1234");
-    }
-    void textRules()
-    {
-        QFETCH(QString, rule);
-        QFETCH(QString, in);
-        QString out = rule == "value" ? ParameterValuePart(in)
-            : rule == "stored"        ? FormatStoredRecord(in)
-                                      : QString();
-        if (const auto fields = rule == "fields" ? ParameterBlockFields(in) : std::nullopt)
-            out = QStringList(fields->begin(), fields->end()).join('|');
-        QTEST(out, "out");
+        QString out = QStringLiteral("%1 %2 %3 %4")
+                          .arg(kinds[int(p.kind)], errors[int(p.modeError)], faults[int(p.fault)],
+                              p.temperature ? QString::number(*p.temperature) : "-");
+        if (rule == "value")
+            out = ParameterValuePart(text);
+        else if (rule == "stored")
+            out = FormatStoredRecord(text);
+        const auto fields = ParameterBlockFields(text);
+        if (rule == "fields")
+            out = fields ? QStringList(fields->begin(), fields->end()).join('|') : "";
+        QTEST(out, "parsed");
     }
 
     // The records assembled from characters, each ended by "|", "[block]" marking a block; and
@@ -108,16 +94,10 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("records");
         QTest::newRow("line ends become blanks") << QByteArray("  75\r\n\x07\x07") << "  75  ||";
-        QTest::newRow("kept from a block's tab on") << QByteArray("A\r\x0b"
-                                                                  "B\r\n\x07"
-                                                                  "C\x07")
-                                                    << "A \x0b"
-                                                       "B\r\n[block]|C|";
-        QTest::newRow("a second tab begins the block anew") << QByteArray("\x0b"
-                                                                          "A\r\n\x0b"
-                                                                          "B\x07")
-                                                            << "\x0b"
-                                                               "B[block]|";
+        QTest::newRow("kept from a block's tab on")
+            << QByteArray("A\r\013B\r\n\007C\007") << "A \013B\r\n[block]|C|";
+        QTest::newRow("a second tab begins the block anew")
+            << QByteArray("\013A\r\n\013B\007") << "\013B[block]|";
         QTest::newRow("a record never ended is cut at its bound")
             << QByteArray(RecordReader::MaxRecordLength + 10, '7') + "\x07"
             << QString(RecordReader::MaxRecordLength, '7') + '|';
@@ -191,45 +171,30 @@ private slots:
         QVERIFY(!a.acquisition.tmrBeep().isActive() && !a.main.lblStatCurrentTemp.visible());
     }
 
+    // mode (r sensing, d downloading), interval, seconds of silence, "!" halts, "m" from
+    // 23:59:58
     void watchdog_data()
     {
-        QTest::addColumn<QString>("mode");
-        QTest::addColumn<QString>("interval");
-        QTest::addColumn<int>("silence");
-        QTest::addColumn<bool>("halts");
-        QTest::addColumn<bool>("beforeMidnight"); // the silence starts at 23:59:58
-        auto row = [](const char* name, const char* mode, const char* interval, int silence,
-                       bool halts, bool beforeMidnight = false) {
-            QTest::newRow(name) << QString(mode) << QString(interval) << silence << halts
-                                << beforeMidnight;
-        };
-        row("interval 2, 4 s", "realtime", "2", 4, false);
-        row("interval 2, 5 s", "realtime", "2", 5, true);
-        row("no interval, 2001 s", "realtime", "NO-INT", 2001, false);
-        row("no interval, 2002 s", "realtime", "NO-INT", 2002, true);
-        row("empty interval, 2002 s", "realtime", "", 2002, true);
-        row("download, 17 s", "download", "2", 17, false);
-        row("download, 18 s", "download", "2", 18, true);
-        row("across midnight, 4 s", "realtime", "2", 4, false, true);
-        row("across midnight, 5 s", "realtime", "2", 5, true, true);
+        QTest::addColumn<QString>("row");
+        for (const char* row : { "r 2 4 -", "r 2 5 !", "r NO-INT 2001 -", "r NO-INT 2002 !",
+                 "r _ 2002 !", "d 2 17 -", "d 2 18 !", "r 2 4 - m", "r 2 5 ! m" })
+            QTest::newRow(row) << QString(row);
     }
     void watchdog()
     {
-        QFETCH(QString, mode);
-        QFETCH(QString, interval);
-        QFETCH(int, silence);
-        QFETCH(bool, halts);
-        QFETCH(bool, beforeMidnight);
+        QFETCH(QString, row);
+        const QStringList w = row.split(' ');
+        const bool halts = w[3] == "!";
         AppRig rig;
         Application& a = rig.app();
-        if (beforeMidnight)
+        if (w.size() > 4)
             rig.clock.set(QDateTime(QDate(2026, 3, 14), QTime(23, 59, 58)));
-        a.state.Instrument.interval = SamplingInterval(interval);
-        if (mode == "realtime")
+        a.state.Instrument.interval = SamplingInterval(w[1] == "_" ? QString() : w[1]);
+        if (w[0] == "r")
             rig.startSensing();
         else
             rig.startDownload();
-        rig.clock.advance(silence);
+        rig.clock.advance(w[2].toInt());
         // The box is the only one, even if the watchdog looks again meanwhile.
         rig.prompter.onShow
             = [&](const Prompter::Message&) { a.acquisition.tmrCheckTransmission_Timer(); };
@@ -238,7 +203,7 @@ private slots:
         QCOMPARE(rig.port.isOpen() && a.acquisition.tmrCheckTransmission().isActive(), !halts);
         QCOMPARE(rig.prompter.titles(),
             halts ? QStringList { "IR SYSTEM HAS HALTED DATA TRANSMISSION" } : QStringList());
-        QCOMPARE(menus(a), halts ? Idle : mode == "realtime" ? Sensing : Downloading);
+        QCOMPARE(menus(a), halts ? Idle : w[0] == "r" ? Sensing : Downloading);
     }
 
     // However a download ended, the totals stay; closing the stored points window leaves the
@@ -293,11 +258,11 @@ private slots:
         a.acquisition.mnuDownloadData_Click();
         QCOMPARE(rig.host.calls, QStringList { "showStoredPoints" });
         QCOMPARE(menus(a), Downloading);
-        for (Control* button : { &w.cmdSaveToTxtFile, &w.cmdSaveToExcel, &w.cmdClearAcqPts })
-            QVERIFY2(button->enabled(), qPrintable(button->name()));
+        QVERIFY(w.cmdSaveToTxtFile.enabled() && w.cmdSaveToExcel.enabled()
+            && w.cmdClearAcqPts.enabled());
         QCOMPARE(w.cmdStartDownload.caption(), QStringLiteral("START RECEIVING"));
-        QCOMPARE(w.cmdStartDownload.backColor(), Colors::Green);
-        QCOMPARE(w.lblAcquiredPoints.foreColor(), Colors::Yellow);
+        QVERIFY(w.cmdStartDownload.backColor() == Colors::Green
+            && w.lblAcquiredPoints.foreColor() == Colors::Yellow);
     }
 
     // Characters arriving while a box of the receive path is open wait for it.

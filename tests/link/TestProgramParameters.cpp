@@ -94,27 +94,23 @@ private slots:
             bound.endsWith("USB0") ? QByteArray("/dev/ttyUSB0\r\n/dev/ttyS1\r\n") : QByteArray());
     }
 
+    // Picking a COM number: stored number, port open, list index picked (-1 none), then the
+    // stored number, the port's number and how often it was closed.
     void pickingAPort_data()
     {
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<bool>("wasOpen");
-        QTest::addColumn<int>("picked"); // list index, -1 none
-        QTest::addColumn<int>("number");
-        QTest::addColumn<int>("portNumber");
-        QTest::addColumn<int>("closes");
-        QTest::newRow("COM 2 closes the open port") << 1 << true << 1 << 2 << 2 << 1;
-        QTest::newRow("COM 1 on a closed port") << 2 << false << 0 << 1 << 1 << 0;
-        QTest::newRow("same port still closes it") << 1 << true << 0 << 1 << 1 << 1;
-        QTest::newRow("a pick replaces port 3") << 3 << false << 1 << 2 << 2 << 0;
-        QTest::newRow("no selection keeps port 3") << 3 << true << -1 << 3 << 3 << 1;
-        QTest::newRow("no selection and port 0 does nothing") << 0 << true << -1 << 0 << 9 << 0;
+        QTest::addColumn<QList<int>>("row");
+        QTest::newRow("COM 2 closes the open port") << QList<int> { 1, 1, 1, 2, 2, 1 };
+        QTest::newRow("COM 1 on a closed port") << QList<int> { 2, 0, 0, 1, 1, 0 };
+        QTest::newRow("same port still closes it") << QList<int> { 1, 1, 0, 1, 1, 1 };
+        QTest::newRow("a pick replaces port 3") << QList<int> { 3, 0, 1, 2, 2, 0 };
+        QTest::newRow("no selection keeps port 3") << QList<int> { 3, 1, -1, 3, 3, 1 };
+        QTest::newRow("no selection, port 0: nothing") << QList<int> { 0, 1, -1, 0, 9, 0 };
     }
     void pickingAPort()
     {
-        QFETCH(int, stored);
-        QFETCH(bool, wasOpen);
-        QFETCH(int, picked);
-        QFETCH(int, closes);
+        QFETCH(QList<int>, row);
+        const int stored = row[0], picked = row[2], closes = row[5];
+        const bool wasOpen = row[1];
         Rig rig;
         rig.state.CommPortNumber = qint16(stored);
         rig.port.number = 9;
@@ -127,9 +123,8 @@ private slots:
         QVERIFY(rig.port.number == 9 && rig.port.opened == wasOpen && rig.port.closeCount == 0);
         rig.model.setCommPortListIndex(picked);
         rig.controller.comCommPort_Click();
-        QTEST(int(rig.state.CommPortNumber), "number");
-        QTEST(rig.port.number, "portNumber");
-        QCOMPARE(rig.port.closeCount, closes);
+        QCOMPARE(QList<int>({ rig.state.CommPortNumber, rig.port.number, rig.port.closeCount }),
+            row.mid(3));
         QCOMPARE(rig.port.opened, wasOpen && closes == 0);
         QCOMPARE(rig.port.openCount, 0);
         QCOMPARE(rig.model.comDevice.caption(), rig.ports.device(picked == 1 ? 2 : 1));
