@@ -5,18 +5,26 @@
 
 #include <QRandomGenerator>
 #include <QTest>
-#include <cmath>
 
 namespace {
-constexpr double Empty = GraphingFunctions::EmptyPoint;
 using Xs = QList<double>;
+
+// "10x2" is 10 readings 2 apart from 0; otherwise the X values themselves.
+Xs readings(const QString& text)
+{
+    const QStringList counted = text.split(QLatin1Char('x'));
+    if (counted.size() == 1)
+        return rows::numbers(text);
+    Xs xs;
+    for (int i = 0; i < counted[0].toInt(); ++i)
+        xs << i * counted[1].toDouble();
+    return xs;
+}
 
 // Readings put straight on the series, as a loaded plot would, then the engine told.
 struct Engine : EngineRig<> {
-    void setReadings(const Xs& xs)
+    explicit Engine(const Xs& xs)
     {
-        chart.setPointCount(1, 1);
-        chart.setX(1, 1, Empty);
         QList<QPointF> points;
         for (double x : xs)
             points << QPointF(x, 50);
@@ -24,22 +32,6 @@ struct Engine : EngineRig<> {
         engine.SeriesReplaced();
     }
 };
-
-Xs even(int count, double step)
-{
-    Xs xs;
-    for (int i = 0; i < count; ++i)
-        xs << i * step;
-    return xs;
-}
-
-// "10x2" is 10 readings 2 apart from 0; otherwise the X values themselves.
-Xs readings(const QString& text)
-{
-    const QStringList counted = text.split(QLatin1Char('x'));
-    return counted.size() == 2 ? even(counted[0].toInt(), counted[1].toDouble())
-                               : rows::numbers(text);
-}
 
 // The two scans of the window rule exactly as they are written, one point at a time.
 bool scannedOverWindow(const ChartSurface& chart, double xMin, double xMax)
@@ -109,8 +101,7 @@ private slots:
     {
         const QStringList f = rows::fields();
         const Xs v = rows::numbers(f.mid(1).join(QLatin1Char(' ')));
-        Engine e;
-        e.setReadings(readings(f[0]));
+        Engine e(readings(f[0]));
         const auto spacing = e.engine.GetPointSpacing();
         QCOMPARE(spacing ? double(*spacing) : qQNaN(), v[1]);
         QCOMPARE(e.engine.CalcXMinForWindow(-7.0, v[0]).value_or(qQNaN()), v[2]);
@@ -140,8 +131,7 @@ private slots:
     {
         const QStringList f = rows::fields();
         const Xs v = rows::numbers(f.mid(1).join(QLatin1Char(' ')));
-        Engine e;
-        e.setReadings(readings(f[0]));
+        Engine e(readings(f[0]));
         QCOMPARE(e.engine.IsXRangeOverWindow(v[0], v[1]), v[2] == 1);
         QCOMPARE(scannedOverWindow(e.chart, v[0], v[1]), v[2] == 1);
     }
@@ -154,7 +144,6 @@ private slots:
         int compared = 0;
         int overCount = 0;
         for (int round = 0; round < 600; ++round) {
-            Engine e;
             const int count = round < 20 ? round : 250 + int(random.bounded(700));
             const double steps[] = { 0.0, 0.25, 0.5, 1.0, 1.5, 2.0, 3.0 };
             Xs xs;
@@ -166,7 +155,7 @@ private slots:
             const bool shuffled = round % 10 == 9 && count > 3;
             if (shuffled)
                 std::swap(xs[1], xs[count - 2]);
-            e.setReadings(xs);
+            Engine e(xs);
             // A bound at, beside or between readings, in the given share of the series.
             auto pick = [&](double from, double to) -> double {
                 if (xs.isEmpty() || random.bounded(8) == 0)
@@ -208,8 +197,7 @@ private slots:
 
     void outOfOrderSeriesIsScanned()
     {
-        Engine e;
-        e.setReadings(even(400, 1));
+        Engine e(readings("400x1"));
         QVERIFY(e.engine.IsXRangeOverWindow(0.0, 400.0));
         // A reading far ahead early on: a search would stop before it.
         e.chart.setX(1, 2, 1000.0);

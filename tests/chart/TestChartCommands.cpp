@@ -5,9 +5,14 @@
 #include "Rows.h"
 
 #include "base/Numbers.h"
+#include "chart/ChartAppearance.h"
+#include "chart/ChartExport.h"
 #include "chart/GraphSettingsModel.h"
+#include "chart/MarkerDataModel.h"
 #include "chart/PlotFile.h"
 
+#include <QDir>
+#include <QRegularExpression>
 #include <QTest>
 #include <functional>
 #include <map>
@@ -15,6 +20,7 @@
 namespace {
 using Axis = ChartSurface::Axis;
 using Answer = Prompter::Answer;
+using Panel = GraphSettingsController;
 
 void plotReadings(Application& a, const QList<int>& readings, const QString& interval)
 {
@@ -25,53 +31,192 @@ void plotReadings(Application& a, const QList<int>& readings, const QString& int
         a.chart.AddReadingToChart(qint16(r));
     }
 }
+
+QString pt(double x, double y) { return QStringLiteral("%1,%2").arg(x).arg(y); }
+
+// Records the pictures asked for ("name format", failing with `failure` when given one), the
+// CURSOR DATA window's openings and closings and the drawing of the pinned point.
+struct Recorder : ChartImageWriter, MarkerDataWindows, PinnedPointView {
+    bool writeImage(const QString& path, Format format, QString* why) override
+    {
+        writes << QDir(base).relativeFilePath(path) << QString::number(int(format));
+        *why = failure;
+        return failure.isEmpty();
+    }
+    void showMarkerData() override { ++shown; }
+    void unloadMarkerData() override { ++closed; }
+    void showPinnedPoint(const QPointF& p, const std::optional<QPointF>& c) override
+    {
+        pin = pt(p.x(), p.y()) + (c ? QStringLiteral(" to ") + pt(c->x(), c->y()) : QString());
+    }
+    void hidePinnedPoint() override
+    {
+        pin = QStringLiteral("-");
+        ++hidden;
+    }
+    QString base, failure, pin = QStringLiteral("-");
+    QStringList writes;
+    int shown = 0, closed = 0, hidden = 0;
+};
 } // namespace
 
+// The chart on the whole application: the engine, its commands, the graph settings panel, the
+// cursor, the colours and the pictures.
 class TestChartCommands : public QObject {
     Q_OBJECT
 private slots:
-    // The chart keeps the data in view. A row is a script of steps on the application:
-    // "i=200" the interval, "S" and "C" the strip chart and compressed menu items, "lim" DISPLAY
-    // LIMIT MARKERS, "run" SEND DATA IN REALTIME, "stop", "f300" readings, "x=a,b" the X range as
-    // the settings leave it, "zoom=a,b" a mouse zoom (",c,d" the Y range too), "all" SHOW ALL
-    // POINTS, "reset" RESET CHART, "load" the plot taken and put back, "clear" CLEAR CHART, ">" and
-    // "<" the panel's X scroll, "max=v" typed with Enter, "up" the maximum's up arrow, "accept=a,b"
-    // the X range accepted. Checks: "=a,b" the X range on show, "held" or "live" the VIEW HELD
-    // notice, "!" notices since the last, each the live path's, "#n" readings plotted, "R+" or "R-"
-    // RESET CHART shown or not, "?n" boxes shown. After every step and reading the limit lines span
-    // the X range, shown as DISPLAY LIMIT MARKERS says (as are the panel's box and the settings
-    // entry), the panel shows the ranges, no hourglass is left on, and in compressed mode a live
-    // view starts at 0 and holds the newest reading.
+    // A row is a script of steps, from X 0..60, Y 0..100, alarm limits 85 and 25, the strip
+    // chart on and the graph settings panel open. Steps: "i=2" the interval, "S", "C" and "A" the
+    // strip chart, compressed and Y scaling items, "lim" DISPLAY LIMIT MARKERS, "run" SEND DATA IN
+    // REALTIME, "stop", "f3" readings of 70 ("f3@-5" of -5), "pts=x,y,..." a series put in place,
+    // "x=a,b" and "y=a,b" a range as the settings leave it, "zoom=a,b" a mouse zoom (",c,d" Y too),
+    // "all" SHOW ALL POINTS, "reset" RESET CHART, "load" the plot taken and put back, "clear"
+    // CLEAR CHART, "save" SAVE PLOT TO FILE, "look=P" an appearance item ("=2" settings entry
+    // 18), "export=p" EXPORT CHART ("fail=why" or "nowriter" first); the cursor: "b" its button,
+    // "m=x" the mouse and "c=x" a click over X x, "esc", "wclose" its window closed ("four":
+    // readings at 1, 11, 21 and 31 on X 0..80 first); the panel:
+    // "maxX=v" (minX, minY, maxY) with Enter, "accept=a,b,c,d", arrows ("XMinUp" ...), scrolls
+    // (">", "<", "Y^", "Yv"), check boxes ("chkLim", "chkAuto"), "unit=2", "activate", "pclear",
+    // "close"; "yes", "no" and "pick=p" the answer and the file chosen next, "old=p" a file there.
+    // Checks: "=a,b" and "Y=a,b" the ranges, "xs=..." the readings' X values, "top=v" the running
+    // Y maximum, "lines=a,b" the limit lines' ends, "held" or "live" VIEW HELD, "!" overflow
+    // notices since the last (each the live path's), "#n" readings, "R+" or "R-" RESET CHART,
+    // "?n" boxes shown, "saved" or "unsaved", "rec=p,n" a plot file of n readings ("-": none),
+    // "entries=y,x" settings entries 0 and 2, "scheme=P" checked and shown, "wrote=p,f,..."
+    // pictures since the last, "units=HOURS,2", "inputs=1,0" the range inputs and CLEAR CHART
+    // enabled; the cursor's "on" or "off", "read=t,T" its read-out, "meas=dt,dT,rate" ("-":
+    // hidden), "pin=x,y" (and " to x,y") its pinned point drawn, "win=shown,closed,unpinned".
+    // After every step and reading the limit lines span the X range, shown as DISPLAY LIMIT
+    // MARKERS says (as are the panel's box and the settings entry), the panel shows the ranges
+    // and Y scaling, no hourglass is left on, and in compressed mode a live view starts at 0 and
+    // holds the newest reading.
     void viewKeepsTheData_data()
     {
-        QTest::addColumn<QString>("script");
-        QTest::newRow("compressed, 3,000 readings") << "C run f3000 =0,3840";
-        QTest::newRow("compressed after paging") << "run f130 =120,180 C f1 =0,180";
-        QTest::newRow("limit lines")
-            << "lim run f200 > < stop all reset zoom=-30,30 reset load clear lim lim";
-        QTest::newRow("a new run starts at 0")
-            << "x=120,360 run =0,240 f300 stop run =0,240 stop x=50,50 run =0,100";
-        QTest::newRow("zoom held during a run")
-            << "run f30 zoom=10,20 held R+ f200 =10,20 reset live R- =180,240";
-        QTest::newRow("held while compressing") << "C run f30 zoom=10,20 f100 =10,20 reset =0,240";
-        QTest::newRow("idle zooms: reset shows the first view")
-            << "f3 zoom=0,40 zoom=0,20 reset =0,60";
-        QTest::newRow("show all, then reset") << "S i=2 f4 all =0,6 R+ reset =0,60 R- #4 ?0";
-        QTest::newRow("show all with one reading") << "x=10,70 f1 all =0,60";
-        QTest::newRow("show all without data") << "all ?1 =0,60 R-";
-        QTest::newRow("gestures") << "run f2 zoom=0,60 live R- zoom=0,60,-10,90 held R+ reset R-";
-        QTest::newRow("window overflow on every path")
-            << "S i=200 x=0,100000 f305 ! #305 max=90000 =0,90000 ! up =0,108000 ! "
-               "accept=0,70000 =0,70000 !";
+        rows::add({
+            // Readings and the plotting modes.
+            "2 s apart | i=2 f4 xs=0,2,4,6",
+            "half seconds | i=0.5 f4 xs=0,0.5,1,1.5",
+            "2 s in minutes | i=2 unit=1 f4 xs=0,0.0333333,0.0666667,0.1",
+            "90 s in minutes | i=90 unit=1 f2 xs=0,1.5",
+            "1800 s in hours | i=1800 unit=2 f2 xs=0,0.5",
+            "43200 s in days | i=43200 unit=3 f2 xs=0,0.5",
+            "no interval | i=NO-INT f2 #0",
+            "unknown interval | i= f2 #0",
+            "clear | A f1@-5 f1@50 f1@70 top=70 clear #0 top=0 f1@99 xs=0 Y=-4,109",
+            "Y rising | A f1@100 Y=0,110 top=100 f1@150 Y=0,165 y=-500,500 f1@150 Y=-500,500",
+            "below zero lowers the running maximum | A f1@-20 Y=-18,100 top=-20 f1@100 Y=-18,110",
+            "margins rounded to whole numbers | A f1@7 Y=0,8 f1@33 Y=0,36 f1@-7 Y=-6,36 top=-7",
+            "Y scaling off | f1@150 f1@-20 Y=0,100 top=0",
+            "compressed doubles | run C f61@20 =0,60 f1 =0,120",
+            "strip chart pages | run f61@20 =0,60 f1 =60,120",
+            "both off | S run f62 =0,60",
+            "half steps: 59.5 rounds to the edge | run C i=0.5 f120 =0,60 f1 =0,120",
+            "2 s steps | run i=2 f31 =0,60 f1 =60,120",
+            "minutes re-anchor on the newest | unit=1 run i=105 f35 =0,60 f1 =59.5,119.5",
+            "compressed, 3,000 readings | C run f3000 =0,3840",
+            "compressed after paging | run f130 =120,180 C f1 =0,180",
+            "a new run starts at 0 | x=120,360 run =0,240 f300 no stop run =0,240 no stop x=50,50 "
+            "run =0,100",
+            "window overflow on every path | S i=200 x=0,100000 f305 ! #305 maxX=90000 =0,90000 ! "
+            "XMaxUp =0,108000 ! accept=0,70000,0,100 =0,70000 !",
+            // Scrolls, limit lines, the view held and SHOW ALL POINTS.
+            "X forward | > =60,120",
+            "X forward, sensing | run pts=0,50,25,51,75,52 > =60,120",
+            "X forward, sensing in days | unit=3 run pts=0,50,25,51,75,52 > =75,135",
+            "X forward in 32-bit floats | x=0,0.1 > =0.10000000149011612,0.20000000298023224",
+            "zero width | x=50,50 > =50,50 y=7,7 Y^ Y=7,7",
+            "X back | x=60,120 < =0,60 < =0,60",
+            "X back to 0 | x=30,90 < =0,90 x=60,100 < =20,60",
+            "Y up and down | Y^ Y=100,200 y=0,100 Yv Y=-100,0 Yv Y=-200,-100",
+            "limit lines | lines=0,72 x=10,110 lines=8,132 x=-10,60 lines=-10,72 x=10.5,61.5 "
+            "lines=8,74.4 x=0.6,0.9 lines=0.6,1.2 x=0,3e9 lines=0,3.6e9",
+            "limit lines shown | lim run f200 > < no stop all reset zoom=-30,30 reset load clear "
+            "lim",
+            "zoom held during a run | run f30 zoom=10,20 held R+ f200 =10,20 reset live R- "
+            "=180,240",
+            "held while compressing | C run f30 zoom=10,20 f100 =10,20 reset =0,240",
+            "idle zooms: reset shows the first view | f3 zoom=0,40 zoom=0,20 reset =0,60",
+            "gestures | run f2 zoom=0,60 live R- zoom=0,60,-10,90 held R+ Y=-10,90 reset R-",
+            "show all, then reset | S i=2 f4 all =0,6 R+ reset =0,60 R- #4 ?0",
+            "show all | pts=0,100,1,150,2,120 x=300,360 all =0,2 Y=90,165",
+            "show all, negative minimum | pts=0,-20,5,40 x=300,360 all =0,5 Y=-18,44",
+            "show all of a week | pts=0,70,604799,71 x=300,360 all =0,604799 Y=63,78.1",
+            "show all of one reading | pts=0,50 x=300,360 all =0,60 Y=45,55",
+            "show all without data | all ?1 =0,60 R-",
+            // The graph settings panel.
+            "X max | x=10,110 maxX=200 =10,200",
+            "X max over the window: the window kept | f500 x=10,110 maxX=450 =150,450",
+            "X min zero | x=10,110 minX=0 =0,110",
+            "Y max and min | maxY=0.5 Y=0,0.5 minY=-40 Y=-40,0.5",
+            "accepted | accept=0,400,-5,150.25 =0,400 Y=-5,150.25 entries=150.2,400",
+            "accepted over the window | f500 accept=0,400,0,100 =100,400 entries=100,400",
+            "accepted under the window | f500 accept=50,200,0,99.96 =50,200 entries=100,200",
+            "accepted fractions | f500 accept=10,300.55,0,100 =10,300.55 entries=100,300.6",
+            "X min up, X max down | x=10,110 XMinUp =12,110 XMaxDown =12,88",
+            "Y min up, then down | y=20,100 YMinUp Y=24,100 y=20,100 YMinDown Y=16,100",
+            "Y max up | y=20,100 YMaxUp Y=20,120",
+            "a minimum never reaches its maximum | x=100,110 XMinUp =100,110 y=90,100 YMinUp "
+            "Y=90,100 YMaxDown Y=90,100",
+            "X max up keeps the window | f500 x=0,300 XMaxUp =60,360",
+            "X min down keeps the window | f500 x=100,390 XMinDown =80,380",
+            "check boxes | chkLim chkAuto lim chkLim A chkAuto A",
+            "time unit | f10 unit=2 units=HOURS,2 unit=4 unit=-1 units=HOURS,2 =0,60 #10",
+            "inputs while acquiring | activate inputs=1,0 f5 activate inputs=1,1 run activate "
+            "inputs=0,0 f2 no stop activate inputs=1,1",
+            "the panel's clear and close | f5 x=10,110 pclear #0 =10,110 close zoom=0,20",
+            // Saving the plot.
+            "stop, no saving | run f2 no stop ?1 unsaved stop ?2",
+            "stop, dialog cancelled | run f2 yes stop ?1 unsaved",
+            "stop, saved | run f2 yes pick=p.rec stop ?1 saved rec=p.rec,2 stop ?1",
+            "stop, file kept | old=p.rec run f2 yes no pick=p.rec stop ?2 unsaved rec=p.rec,-",
+            "stop, file replaced | old=p.rec run f2 yes yes pick=p.rec stop ?2 saved rec=p.rec,2",
+            "save without data | save ?1 unsaved",
+            // The cursor, over readings at 1, 11, 21 and 31 on X 0..80.
+            "cursor | four b on win=1,0,0 b off win=1,1,0 b wclose off wclose win=2,2,0 m=3 read=,",
+            "read-out | four b m=0.5 read=NO_DATA,NO_DATA m=3.5 read=125.00,3.50 m=11 "
+            "read=200.00,11.00",
+            "read-out, falling | four b m=16 read=175.00,16.00 m=26 read=50.00,26.00 m=31 "
+            "read=-50.00,31.00",
+            "read-out, rounded | four b m=4.333333 read=133.33,4.33",
+            "read-out beside the data | four b m=31.5 read=NO_DATA,NO_DATA m=80 "
+            "read=NO_DATA,NO_DATA",
+            "read-out off the chart | four b m=80.1 read=OFF_CHART,NO_DATA m=-1 "
+            "read=OFF_CHART,NO_DATA",
+            "pinned | four b c=3.5 meas=0.00,0.00,SAME_TIME pin=3.5,125_to_3.5,125",
+            "measured | four b c=3.5 m=8.5 meas=5.00,50.00,600.00 pin=3.5,125_to_8.5,175",
+            "measured beside the data | four b c=3.5 m=31.5 meas=NO_DATA,NO_DATA,NO_DATA "
+            "pin=3.5,125",
+            "measured off the chart | four b c=3.5 m=-1 meas=NO_DATA,OFF_CHART,NO_DATA pin=3.5,125",
+            "no pin beside the data | four b c=31.5 c=-1 meas=- pin=- win=1,0,0 c=3.5 "
+            "pin=3.5,125_to_3.5,125",
+            "unpinned | four b c=3.5 c=5 meas=- pin=- win=1,0,1 esc win=1,0,1 m=11 "
+            "read=200.00,11.00",
+            "unpinned by escape, off, closing | four b c=3.5 esc win=1,0,1 c=3.5 b off meas=- "
+            "win=1,1,2 "
+            "b c=3.5 wclose win=2,2,3",
+            "a pinned point goes with its readings | four b c=3.5 x=0,80 pin=3.5,125_to_3.5,125 "
+            "clear pin=- "
+            "meas=-",
+            // Colours and pictures.
+            "schemes | scheme=S look=O scheme=O look=P scheme=P look=P scheme=S look=O look=S "
+            "scheme=S look=S scheme=S",
+            "schemes from settings | look=P look=0 scheme=S look=1 scheme=P look=2 scheme=O look=3 "
+            "scheme=O look= scheme=O",
+            "export | export=a.png export=b.PDF export=c.svg wrote=a.png,0,b.PDF,1,c.svg,2 ?0",
+            "export named | export=chart export=my.dir/chart wrote=chart.png,0,my.dir/chart.png,0",
+            "export cancelled or refused | export= export=a.jpg wrote= ?1",
+            "export over a file | old=a.png yes export=a.png no export=a.png ?2 wrote=a.png,0",
+            "export failing | fail=denied export=a.png nowriter export=b.png ?2 wrote=a.png,0",
+        });
     }
     void viewKeepsTheData()
     {
-        QFETCH(QString, script);
         AppRig rig;
         Application& a = rig.app();
         ChartCommands& c = a.chartCommands;
-        GraphSettingsController& panel = a.graphSettings;
+        Panel& panel = a.graphSettings;
         GraphSettingsModel& boxes = a.graphSettingsModel;
+        const MarkerDataModel& data = a.markerDataModel;
         Control* viewHeld = a.main.control(QStringLiteral("lblViewHeld"));
         QVERIFY(viewHeld);
         QStringList notices;
@@ -79,12 +224,40 @@ private slots:
         int busy = 0;
         a.chart.setOverflowNotice([&notices](const QString& what) { notices << what; });
         c.setBusyIndicator([&busy](bool on) { busy += on ? 1 : -1; });
+        Recorder recorder;
+        recorder.base = rig.dir.path();
+        a.chartExport.setWriter(&recorder);
+        a.cursor.setWindows(&recorder);
+        a.cursor.setPinnedPointView(&recorder);
+        a.main.cmdMarkers.setBackColor(0x123456);
+        QDir(rig.dir.path()).mkdir(QStringLiteral("my.dir"));
+        a.state.SettingsValues.highAlarmLimit.text = QStringLiteral("85");
+        a.state.SettingsValues.lowAlarmLimit.text = QStringLiteral("25");
+        a.controller.mnuIniChart_Click();
         panel.Form_Load();
         Control& interval = a.main.lblSystParameters(2);
         interval.setCaption(QStringLiteral("1"));
+        auto toggle = [&](Control& box, void (Panel::*click)()) {
+            box.setChecked(!box.checked());
+            (panel.*click)();
+        };
+        auto pixel = [&](double x) {
+            const double x0 = rig.chart.axisMin(Axis::X), x1 = rig.chart.axisMax(Axis::X);
+            return QPointF((x - x0) / (x1 - x0) * InMemoryChartSurface::PlotWidth, 300);
+        };
+        auto put = [&](const QList<double>& xy) {
+            rig.chart.setPointCount(1, 1);
+            for (int i = 0; i + 1 < xy.size(); i += 2) {
+                rig.chart.setPointCount(1, i / 2 + 2);
+                rig.chart.setX(1, i / 2 + 1, xy[i]);
+                rig.chart.setY(1, i / 2 + 1, xy[i + 1]);
+            }
+            a.chart.SeriesReplaced();
+        };
         const std::map<QString, std::function<void()>> commands {
             { "S", [&] { a.controller.mnuRealTimeGraphOn_Click(); } },
             { "C", [&] { a.controller.mnuAutoCompressed_Click(); } },
+            { "A", [&] { a.controller.mnuAutoScaleYAxis_Click(); } },
             { "lim", [&] { c.mnuDispLimits_Click(); } },
             { "run", [&] { rig.startSensing(); } },
             { "stop", [&] { a.acquisition.mnuStop_Click(); } },
@@ -92,9 +265,43 @@ private slots:
             { "reset", [&] { c.cmdResetChart_Click(); } },
             { "load", [&] { c.RestorePlot(c.TakePlot()); } },
             { "clear", [&] { a.controller.mnuClearChart_Click(); } },
+            { "save", [&] { c.mnuSavePlotToFile_Click(); } },
+            { "four",
+                [&] {
+                    put({ 1, 100, 11, 200, 21, 150, 31, -50 });
+                    rig.chart.setAxisMax(Axis::X, 80);
+                    a.controller.mnuIniChart_Click();
+                    panel.UpdatePanelWithCurrentChartSettings();
+                } },
+            { "b", [&] { a.cursor.cmdMarkers_Click(); } },
+            { "esc", [&] { a.cursor.Unpin(); } },
+            { "wclose", [&] { a.cursor.frmMarkerData_Unload(); } },
             { ">", [&] { panel.XDomainScroll_UpClick(); } },
             { "<", [&] { panel.XDomainScroll_DownClick(); } },
-            { "up", [&] { panel.XMaxIncrement_UpClick(); } },
+            { "Y^", [&] { panel.YDomainScroll_UpClick(); } },
+            { "Yv", [&] { panel.YDomainScroll_DownClick(); } },
+            { "XMinUp", [&] { panel.XMinIncrement_UpClick(); } },
+            { "XMaxUp", [&] { panel.XMaxIncrement_UpClick(); } },
+            { "XMinDown", [&] { panel.XMinIncrement_DownClick(); } },
+            { "XMaxDown", [&] { panel.XMaxIncrement_DownClick(); } },
+            { "YMinUp", [&] { panel.YMinIncrement_UpClick(); } },
+            { "YMinDown", [&] { panel.YMinIncrement_DownClick(); } },
+            { "YMaxUp", [&] { panel.YMaxIncrement_UpClick(); } },
+            { "YMaxDown", [&] { panel.YMaxIncrement_DownClick(); } },
+            { "chkLim", [&] { toggle(boxes.chkDispLimits, &Panel::chkDispLimits_Click); } },
+            { "chkAuto", [&] { toggle(boxes.chkAutoRange, &Panel::chkAutoRange_Click); } },
+            { "activate", [&] { panel.Form_Activate(); } },
+            { "pclear", [&] { panel.cmdResetChartParameters_Click(); } },
+            { "close", [&] { panel.cmdClose_Click(); } },
+            { "nowriter", [&] { a.chartExport.setWriter(nullptr); } },
+            { "yes", [&] { rig.prompter.answers.push_back(Answer::Yes); } },
+            { "no", [&] { rig.prompter.answers.push_back(Answer::No); } },
+        };
+        const std::map<QString, std::pair<Control*, void (Panel::*)(int)>> typed {
+            { "minX", { &boxes.txtMinX, &Panel::txtMinX_KeyPress } },
+            { "maxX", { &boxes.txtMaxX, &Panel::txtMaxX_KeyPress } },
+            { "minY", { &boxes.txtMinY, &Panel::txtMinY_KeyPress } },
+            { "maxY", { &boxes.txtMaxY, &Panel::txtMaxY_KeyPress } },
         };
         auto box = [](double v) { return Numbers::Format(v, QStringLiteral("0.##")); };
         auto check = [&] {
@@ -105,23 +312,37 @@ private slots:
                 QVERIFY(rig.chart.x(series, 1) <= lo && rig.chart.x(series, 2) >= hi);
                 QCOMPARE(rig.chart.seriesVisible(series), shown);
             }
-            QCOMPARE(boxes.chkDispLimits.checked(), shown);
             QCOMPARE(a.state.SettingsValues.limitLinesShown.valueIsOne(), shown);
-            QCOMPARE(boxes.txtMinX.caption(), box(rig.chart.axisMin(Axis::X)));
-            QCOMPARE(boxes.txtMaxX.caption(), box(rig.chart.axisMax(Axis::X)));
-            QCOMPARE(boxes.txtMinY.caption(), box(rig.chart.axisMin(Axis::Y)));
-            QCOMPARE(boxes.txtMaxY.caption(), box(rig.chart.axisMax(Axis::Y)));
             QCOMPARE(busy, 0);
+            QCOMPARE(a.chart.panel() == &panel, a.state.GraphSettingsOpen);
+            QCOMPARE(recorder.pin == "-", !a.cursor.pinned());
+            if (!a.state.GraphSettingsOpen)
+                return;
+            QCOMPARE(boxes.chkDispLimits.checked(), shown);
+            QCOMPARE(boxes.chkAutoRange.checked(), a.main.mnuAutoScaleYAxis.checked());
+            QCOMPARE(QStringList({ boxes.txtMinX.caption(), boxes.txtMaxX.caption(),
+                         boxes.txtMinY.caption(), boxes.txtMaxY.caption() }),
+                QStringList({ box(rig.chart.axisMin(Axis::X)), box(rig.chart.axisMax(Axis::X)),
+                    box(rig.chart.axisMin(Axis::Y)), box(rig.chart.axisMax(Axis::Y)) }));
         };
-        for (const QString& step : script.split(QLatin1Char(' '))) {
-            const QStringList v = step.section(QLatin1Char('='), 1).split(QLatin1Char(','));
+        const QRegularExpression readings(QStringLiteral("^f(\\d+)(@(-?\\d+))?$"));
+        for (const QString& step : rows::fields()[0].split(QLatin1Char(' '))) {
             const QString op = step.section(QLatin1Char('='), 0, 0);
+            const QString arg = step.section(QLatin1Char('='), 1).replace('_', ' ');
+            const QStringList v = arg.split(QLatin1Char(','));
+            const QString path = rig.dir.filePath(v[0]);
             const auto command = commands.find(op);
+            const auto entry = typed.find(op);
+            const QRegularExpressionMatch fed = readings.match(op);
             if (command != commands.end()) {
                 command->second();
-            } else if (op.startsWith(QLatin1Char('f'))) {
-                for (int i = op.mid(1).toInt(); i > 0; --i) {
-                    plotReadings(a, { 70 }, interval.caption());
+            } else if (entry != typed.end()) {
+                entry->second.first->setCaption(v[0]);
+                (panel.*entry->second.second)(Panel::KeyEnter);
+            } else if (fed.hasMatch()) {
+                for (int i = fed.captured(1).toInt(); i > 0; --i) {
+                    const int value = fed.captured(3).isEmpty() ? 70 : fed.captured(3).toInt();
+                    plotReadings(a, { value }, interval.caption());
                     if (a.main.mnuAutoCompressed.checked() && !a.main.cmdResetChart.visible()) {
                         QCOMPARE(rig.chart.axisMin(Axis::X), 0.0);
                         QVERIFY(rig.chart.x(1, rig.chart.pointCount(1) - 1)
@@ -131,38 +352,74 @@ private slots:
                     if (QTest::currentTestFailed())
                         return;
                 }
-            } else if (op == QLatin1String("i")) {
-                interval.setCaption(v[0]);
-            } else if (op == QLatin1String("x") || op == QLatin1String("zoom")) {
-                if (op == QLatin1String("zoom"))
+            } else if (op == "i") {
+                interval.setCaption(arg);
+            } else if (op == "pts") {
+                put(rows::numbers(arg));
+            } else if (op == "x" || op == "y" || op == "zoom") {
+                if (op == "zoom")
                     c.TempChart_InteractionStart();
-                rig.chart.setAxisMin(Axis::X, v[0].toDouble());
-                rig.chart.setAxisMax(Axis::X, v[1].toDouble());
-                if (v.size() == 4) {
-                    rig.chart.setAxisMin(Axis::Y, v[2].toDouble());
-                    rig.chart.setAxisMax(Axis::Y, v[3].toDouble());
+                for (int i = 0; i + 1 < v.size(); i += 2) {
+                    const Axis axis = op == "y" || i == 2 ? Axis::Y : Axis::X;
+                    rig.chart.setAxisMin(axis, v[i].toDouble());
+                    rig.chart.setAxisMax(axis, v[i + 1].toDouble());
                 }
-                if (op == QLatin1String("zoom")) {
+                if (op == "zoom") {
                     c.TempChart_InteractionEnd();
                 } else {
                     a.controller.mnuIniChart_Click();
                     panel.UpdatePanelWithCurrentChartSettings();
                 }
-            } else if (op == QLatin1String("max")) {
-                boxes.txtMaxX.setCaption(v[0]);
-                panel.txtMaxX_KeyPress(GraphSettingsController::KeyEnter);
-            } else if (op == QLatin1String("accept")) {
+            } else if (op == "accept") {
                 boxes.txtMinX.setCaption(v[0]);
                 boxes.txtMaxX.setCaption(v[1]);
+                boxes.txtMinY.setCaption(v[2]);
+                boxes.txtMaxY.setCaption(v[3]);
+                boxes.txtYTitle.setCaption(QStringLiteral("ACCEPTED"));
                 panel.cmdAccept_Click();
-            } else if (op.isEmpty()) {
-                QCOMPARE(rig.chart.axisMin(Axis::X), v[0].toDouble());
-                QCOMPARE(rig.chart.axisMax(Axis::X), v[1].toDouble());
-            } else if (op == QLatin1String("held") || op == QLatin1String("live")) {
-                QCOMPARE(viewHeld->visible(), op == QLatin1String("held"));
-            } else if (op == QLatin1String("R+") || op == QLatin1String("R-")) {
-                QCOMPARE(a.main.cmdResetChart.visible(), op == QLatin1String("R+"));
-            } else if (op == QLatin1String("!")) {
+            } else if (op == "unit") {
+                panel.comTimeUnits_Click(arg.toInt());
+            } else if (op == "m" || op == "c") {
+                op == "m" ? a.cursor.TempChart_MouseMove(pixel(arg.toDouble()))
+                          : a.cursor.TempChart_Click(pixel(arg.toDouble()));
+            } else if (op == "look") {
+                arg == "S"       ? a.appearance.mnuStandardChart_Click()
+                    : arg == "O" ? a.appearance.mnuScopeChart_Click()
+                    : arg == "P" ? a.appearance.mnuPlainChart_Click()
+                                 : a.appearance.ApplySettingsEntry(arg);
+            } else if (op == "export") {
+                rig.prompter.files.push_back(arg.isEmpty() ? QString() : path);
+                a.chartExport.mnuExportChart_Click();
+            } else if (op == "fail") {
+                recorder.failure = arg;
+            } else if (op == "pick") {
+                rig.prompter.files.push_back(path);
+            } else if (op == "old") {
+                testfiles::writeAll(path, "old");
+            } else if (op.isEmpty() || op == "Y") {
+                const Axis axis = op.isEmpty() ? Axis::X : Axis::Y;
+                QCOMPARE(rig.chart.axisMin(axis), v[0].toDouble());
+                QCOMPARE(rig.chart.axisMax(axis), v[1].toDouble());
+            } else if (op == "xs") {
+                QList<double> xs;
+                for (int i = 1; i < rig.chart.pointCount(1); ++i)
+                    xs << rig.chart.x(1, i);
+                const QList<double> expected = rows::numbers(arg);
+                QCOMPARE(xs.size(), expected.size());
+                for (int i = 0; i < xs.size(); ++i)
+                    QVERIFY2(qAbs(xs[i] - expected[i]) < 1e-6, qPrintable(step));
+            } else if (op == "top") {
+                QCOMPARE(a.state.RunningYMax, arg.toDouble());
+            } else if (op == "lines") {
+                QCOMPARE(rig.chart.drawnPoints(2),
+                    (std::vector<QPointF> { { v[0].toDouble(), 85 }, { v[1].toDouble(), 85 } }));
+                QCOMPARE(rig.chart.drawnPoints(3),
+                    (std::vector<QPointF> { { v[0].toDouble(), 25 }, { v[1].toDouble(), 25 } }));
+            } else if (op == "held" || op == "live") {
+                QCOMPARE(viewHeld->visible(), op == "held");
+            } else if (op == "R+" || op == "R-") {
+                QCOMPARE(a.main.cmdResetChart.visible(), op == "R+");
+            } else if (op == "!") {
                 QVERIFY(notices.size() > noticesSeen);
                 QCOMPARE(notices.count(notices.first()), notices.size());
                 noticesSeen = int(notices.size());
@@ -170,6 +427,64 @@ private slots:
                 QCOMPARE(rig.chart.pointCount(1), op.mid(1).toInt() + 1);
             } else if (op.startsWith(QLatin1Char('?'))) {
                 QCOMPARE(int(rig.prompter.messages().size()), op.mid(1).toInt());
+            } else if (op == "saved" || op == "unsaved") {
+                QCOMPARE(a.state.PlotSaved, op == "saved");
+            } else if (op == "rec") {
+                PlotData plot;
+                QCOMPARE(PlotFile::Read(path, &plot), v[1] != "-");
+                QCOMPARE(plot.y.size(), size_t(v[1].toInt()));
+            } else if (op == "entries") {
+                const Settings& s = a.state.SettingsValues;
+                QCOMPARE(QStringList({ s.yAxisMax.text, s.xAxisMax.text }), v);
+                QCOMPARE(rig.chart.axisTitle(Axis::Y), QStringLiteral("ACCEPTED"));
+            } else if (op == "scheme") {
+                const MainWindowModel& m = a.main;
+                const bool o = m.mnuScopeChart.checked(), p = m.mnuPlainChart.checked();
+                QCOMPARE(QString(o ? "O" : "") + (p ? "P" : "")
+                        + (m.mnuStandardChart.checked() ? "S" : ""),
+                    arg);
+                using Scheme = ChartAppearance::Scheme;
+                const auto& stored = ChartAppearance::storedValues(o ? Scheme::Scope
+                        : p                                          ? Scheme::Plain
+                                                                     : Scheme::Standard);
+                for (int i = 0; i < ChartSurface::ColorCount; ++i)
+                    QCOMPARE(rig.chart.color(ChartSurface::Color(i)),
+                        Colors::fromBgr(stored[size_t(i)]));
+            } else if (op == "wrote") {
+                QCOMPARE(recorder.writes.join(','), arg);
+                recorder.writes.clear();
+            } else if (op == "units") {
+                QCOMPARE(rig.chart.axisTitle(Axis::X), v[0]);
+                QCOMPARE(a.state.SettingsValues.timeUnit.text, v[1]);
+                QCOMPARE(a.state.TimeUnitIndex, qint16(v[1].toInt()));
+                QCOMPARE(boxes.timeUnitIndex(), v[1].toInt());
+            } else if (op == "inputs") {
+                QCOMPARE(boxes.txtMinX.enabled() && boxes.XMaxIncrement.enabled()
+                        && boxes.comTimeUnits.enabled() && boxes.cmdAccept.enabled(),
+                    v[0] == "1");
+                QCOMPARE(boxes.cmdResetChartParameters.enabled(), v[1] == "1");
+            } else if (op == "on" || op == "off") {
+                QCOMPARE(a.main.cmdMarkers.caption(), op == "on" ? "CURSOR ON" : "CURSOR OFF");
+                QCOMPARE(a.main.cmdMarkers.backColor(), op == "on" ? Colors::Yellow : 0x123456);
+                QCOMPARE(rig.chart.markerVisible(), op == "on");
+            } else if (op == "read") {
+                QCOMPARE(data.lblTemp.caption() + ',' + data.lblTime.caption(), arg);
+            } else if (op == "meas") {
+                QCOMPARE(data.measureShown(), arg != "-");
+                if (arg != "-")
+                    QCOMPARE(QStringList({ data.lblDeltaTime.caption(), data.lblDeltaTemp.caption(),
+                                 data.lblRate.caption() }),
+                        v);
+            } else if (op == "pin") {
+                QCOMPARE(recorder.pin, arg);
+                if (a.cursor.pinned())
+                    QCOMPARE(data.lblPinned.caption(),
+                        "FROM " + Numbers::Format(a.cursor.pinned()->x(), "0.00") + " AT "
+                            + Numbers::Format(a.cursor.pinned()->y(), "0.00"));
+            } else if (op == "win") {
+                QCOMPARE(
+                    pt(recorder.shown, recorder.closed) + ',' + QString::number(recorder.hidden),
+                    arg);
             } else {
                 QFAIL(qPrintable(step));
             }
@@ -228,105 +543,57 @@ private slots:
         QVERIFY(a.state.PlotSaved);
     }
 
-    // A good plot file damaged: "from => to" replaced ("\n" a line end), ":n" cut to n bytes.
-    void damagedFileLeavesTheChart_data()
+    // A plot file edited: "from => to" replaced ("\n" a line end), ":n" cut to n bytes | the
+    // readings it loads ("-": refused, the chart as it was).
+    void plotFiles_data()
     {
-        rows::add({ "empty file | :0", "cut short | :60", "another kind | TALAVEX PLOT 1 => 100",
-            "more points than lines | POINTS 2 => POINTS 200",
-            "fewer points than lines | POINTS 2 => POINTS 1",
-            "negative count | POINTS 2 => POINTS -1", "fractional count | POINTS 2 => POINTS 1.5",
-            "not a number | 1 51 => 1 5x1", "one value | 1 51 => 151", "infinite | 1 51 => 1 inf",
-            "axis missing | YAXIS 0 100 => YAXIS 0", "unit fraction | TIMEUNIT 0 => TIMEUNIT 0.5",
-            "unit beyond 16 bits | TIMEUNIT 0 => TIMEUNIT 32768", "no END | END => ENDS",
-            "trailer shifted | END\\n\\n => END\\nX\\n" });
+        rows::add({ "empty file | :0 | -", "cut short | :60 | -",
+            "another kind | TALAVEX PLOT 1 => 100 | -",
+            "more points than lines | POINTS 2 => POINTS 200 | -",
+            "fewer points than lines | POINTS 2 => POINTS 1 | -",
+            "negative count | POINTS 2 => POINTS -1 | -",
+            "fractional count | POINTS 2 => POINTS 1.5 | -", "not a number | 1 51 => 1 5x1 | -",
+            "one value | 1 51 => 151 | -", "infinite | 1 51 => 1 inf | -",
+            "axis missing | YAXIS 0 100 => YAXIS 0 | -",
+            "unit fraction | TIMEUNIT 0 => TIMEUNIT 0.5 | -",
+            "unit beyond 16 bits | TIMEUNIT 0 => TIMEUNIT 32768 | -", "no END | END => ENDS | -",
+            "trailer shifted | END\\n\\n => END\\nX\\n | -",
+            "as written | 0 50 => 0 50 | 0 50 1 51",
+            "exponents | 0 50\\n1 51 => -1e1 5e-1\\n1 51 | -10 0.5 1 51",
+            "a negative unit | TIMEUNIT 0 => TIMEUNIT -2 | 0 50 1 51",
+            "captions cut off | TEMP\\nDEG F\\n1 => TEMP | 0 50 1 51" });
     }
-    void damagedFileLeavesTheChart()
+    void plotFiles()
     {
         const QByteArray good = "TALAVEX PLOT 1\r\nTIMEUNIT 0\r\nXAXIS 0 60\r\nYAXIS 0 100\r\n"
                                 "POINTS 2\r\n0 50\r\n1 51\r\nEND\r\n\r\nSECONDS\r\n\r\nTEMP\r\n"
                                 "DEG F\r\n1\r\n";
-        const QByteArray edit = rows::fields()[0].toUtf8().replace("\\n", "\r\n");
+        const QStringList f = rows::fields();
+        const QByteArray edit = f[0].toUtf8().replace("\\n", "\r\n");
         const QList<QByteArray> fromTo = edit.split('>');
-        const QByteArray text = edit.startsWith(':')
-            ? good.left(edit.mid(1).toInt())
-            : QByteArray(good).replace(fromTo[0].chopped(2), fromTo[1].mid(1));
         AppRig rig;
         Application& a = rig.app();
         plotReadings(a, { 80, 81, 82 }, QStringLiteral("2"));
         const PlotData before = a.chartCommands.TakePlot();
-        const QString path = rig.dir.filePath(QStringLiteral("bad.rec"));
-        testfiles::writeAll(path, text);
-        QVERIFY(!a.chartCommands.LoadPlot(path));
-        QVERIFY(a.chartCommands.TakePlot() == before);
-        QCOMPARE(rig.prompter.titles(), QStringList { QStringLiteral("UNABLE TO LOAD PLOT FILE") });
-        QVERIFY(rig.prompter.messages()[0].text.contains(path));
-        QVERIFY(!a.state.PlotSaved);
-    }
-
-    // Bare LF line ends, exponents and a trailer cut after the Y title still make a plot.
-    void goodFileParses()
-    {
-        PlotData plot;
-        QVERIFY(PlotFile::Parse("TALAVEX PLOT 1\nTIMEUNIT -2\nXAXIS -1 1e3\nYAXIS 0.5 100\n"
-                                "POINTS 1\n0.25 -7\nEND\n\nHOURS\n\nDEG",
-            &plot));
-        QCOMPARE(plot.timeUnit, qint16(-2));
-        QCOMPARE(
-            QList<double>({ plot.xMin, plot.xMax, plot.yMin }), QList<double>({ -1, 1e3, 0.5 }));
-        QCOMPARE(plot.x, std::vector<double> { 0.25 });
-        QCOMPARE(plot.y, std::vector<double> { -7.0 });
-        QCOMPARE(plot.xTitle + plot.yTitle, QStringLiteral("HOURSDEG"));
-        QVERIFY(plot.unitsCaption.isEmpty() && plot.intervalCaption.isEmpty());
-    }
-
-    // Stop with an unsaved plot: the answers to the question and to the overwrite check | the
-    // file chosen in the save dialog ("-": cancelled) | the boxes shown | saved.
-    void stopOffersToSave_data()
-    {
-        rows::add({ "no | N | - | ask | 0", "yes, cancelled dialog | Y | - | ask | 0",
-            "yes, new file | Y | new | ask | 1",
-            "yes, existing file kept | Y N | old | ask dup | 0",
-            "yes, existing file overwritten | Y Y | old | ask dup | 1" });
-    }
-    void stopOffersToSave()
-    {
-        const QStringList f = rows::fields();
-        AppRig rig;
-        Application& a = rig.app();
-        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
-        rig.startSensing();
-        rig.feed("  80\x07  81\x07");
-        const QString path = rig.dir.filePath(QStringLiteral("plot.rec"));
-        if (f[1] == QLatin1String("old"))
-            testfiles::writeAll(path, "old");
-        for (const QString& answer : f[0].split(QLatin1Char(' ')))
-            rig.prompter.answers.push_back(answer == "Y" ? Answer::Yes : Answer::No);
-        if (f[1] != QLatin1String("-"))
-            rig.prompter.files.push_back(path);
-        a.acquisition.mnuStop_Click();
-
-        QCOMPARE(rig.prompter.titles().join(QLatin1Char(';')),
-            QString(f[2])
-                .replace("ask", "SAVE PLOTTED DATA TO FILE?")
-                .replace(" dup", ";DUPLICATE FILE FOUND"));
-        int dialogs = 0;
-        for (const auto& shown : rig.prompter.shown) {
-            if (shown.kind == QLatin1String("save")) {
-                ++dialogs;
-                QCOMPARE(shown.choice.directory, a.state.ProgramDirectory);
-            }
+        const QString path = rig.dir.filePath(QStringLiteral("edited.rec"));
+        testfiles::writeAll(path,
+            edit.startsWith(':')
+                ? good.left(edit.mid(1).toInt())
+                : QByteArray(good).replace(fromTo[0].chopped(2), fromTo[1].mid(1)));
+        const bool loads = f[1] != QLatin1String("-");
+        QCOMPARE(a.chartCommands.LoadPlot(path), loads);
+        QCOMPARE(a.state.PlotSaved, loads);
+        if (!loads) {
+            QVERIFY(a.chartCommands.TakePlot() == before);
+            QCOMPARE(rig.prompter.titles(), QStringList { "UNABLE TO LOAD PLOT FILE" });
+            QVERIFY(rig.prompter.messages()[0].text.contains(path));
+            return;
         }
-        QCOMPARE(dialogs, f[0].startsWith(QLatin1Char('Y')) ? 1 : 0);
-        const bool saved = f[3] == QLatin1String("1");
-        QCOMPARE(a.state.PlotSaved, saved);
-        PlotData plot;
-        QCOMPARE(PlotFile::Read(path, &plot), saved);
-        if (saved)
-            QCOMPARE(plot.y, (std::vector<double> { 80, 81 }));
-        // Once saved, a second stop asks nothing.
-        rig.prompter.clear();
-        a.acquisition.mnuStop_Click();
-        QCOMPARE(rig.prompter.titles().isEmpty(), saved);
+        QList<double> xy;
+        for (int i = 1; i < rig.chart.pointCount(1); ++i)
+            xy << rig.chart.x(1, i) << rig.chart.y(1, i);
+        QCOMPARE(xy, rows::numbers(f[1]));
+        QCOMPARE(rig.chart.axisTitle(Axis::Y), QStringLiteral("TEMP"));
     }
 };
 TALAVEX_TEST(TestChartCommands)
