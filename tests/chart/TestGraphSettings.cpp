@@ -4,8 +4,10 @@
 
 #include "Rows.h"
 
+#include "chart/ChartPanel.h"
 #include "chart/GraphSettingsController.h"
 #include "chart/GraphSettingsModel.h"
+#include "chart/TwoPointMeasure.h"
 
 #include <QTest>
 
@@ -13,26 +15,17 @@ namespace {
 using Axis = ChartSurface::Axis;
 using Panel = GraphSettingsController;
 
-// The panel loaded over a chart at X 10..110, Y 0..100 with readings 1 apart, every box it shows
-// recorded. (Values it takes are tried on the whole application in TestChartCommands.)
+// The panel loaded over a chart at X 10..110, Y 0..100, every box it shows recorded. (Values it
+// takes are tried on the whole application in TestChartCommands.)
 struct Rig : EngineRig<> {
     GraphSettingsModel model;
     FakePrompter prompter;
-    int clears = 0;
-    Panel panel { state, engine, window, model, prompter, [this] {
-                     ++clears;
-                     engine.ResetChartSeries();
-                     setAxis(Axis::X, 0, 60);
-                 } };
+    Panel panel { state, engine, window, model, prompter, {} };
 
-    explicit Rig(int readings = 0)
+    Rig()
     {
         state.SettingsValues.yAxisMax.text = QStringLiteral("old Y");
         state.SettingsValues.xAxisMax.text = QStringLiteral("old X");
-        QList<QPointF> points;
-        for (int i = 0; i < readings; ++i)
-            points << QPointF(i, 20);
-        plot(points);
         setAxes(10, 110, 0, 100);
         panel.Form_Load();
     }
@@ -52,7 +45,8 @@ struct Rig : EngineRig<> {
 };
 } // namespace
 
-// The graph settings panel's handlers on an in-memory chart.
+// The graph settings panel's refusals and step rule on an in-memory chart, the two-point
+// measurement and when the engine refreshes the panel.
 class TestGraphSettings : public QObject {
     Q_OBJECT
 private slots:
@@ -140,6 +134,55 @@ private slots:
             : f[0] == "YUp"   ? Panel::IncrementValueYAxis(value)
                               : Panel::DecrementValueYAxis(value);
         QCOMPARE(value, f[2].toFloat());
+    }
+
+    // Pinned X, Y | cursor X | what is under it (0 a reading, 1 off the chart, 2 no data) and its
+    // value | X axis title | time, temperature and rate.
+    void measure_data()
+    {
+        rows::add({ "heating, seconds | 10 30 | 130 | 0 90 | SECONDS | 120.00;60.00;30.00",
+            "heating, minutes | 1 30 | 3 | 0 90 | MINUTES | 2.00;60.00;30.00",
+            "heating, hours | 0 30 | 0.5 | 0 90 | HOURS | 0.50;60.00;2.00",
+            "heating, days | 0 0 | 1 | 0 1440 | DAYS | 1.00;1440.00;1.00",
+            "an operator's title: seconds | 0 0 | 60 | 0 5 | ELAPSED | 60.00;5.00;5.00",
+            "lower case is no unit | 0 0 | 60 | 0 5 | hours | 60.00;5.00;5.00",
+            "cooling | 0 200 | 30 | 0 150 | SECONDS | 30.00;-50.00;-100.00",
+            "cursor left of the pin | 60 100 | 0 | 0 40 | SECONDS | -60.00;-60.00;60.00",
+            "below zero | 0 -20 | 60 | 0 -35.5 | SECONDS | 60.00;-15.50;-15.50",
+            "same time: no division | 5 100 | 5 | 0 100 | SECONDS | 0.00;0.00;SAME TIME",
+            "too close to divide | 0 0 | 1e-320 | 0 1e10 | SECONDS | 0.00;10000000000.00;SAME TIME",
+            "cursor off the chart | 5 100 | 99 | 1 0 | SECONDS | NO DATA;OFF CHART;NO DATA",
+            "no data under it | 5 100 | 20 | 2 0 | SECONDS | NO DATA;NO DATA;NO DATA" });
+    }
+    void measure()
+    {
+        const QStringList f = rows::fields();
+        const QList<double> v = rows::numbers(f.mid(0, 3).join(QLatin1Char(' ')));
+        const TwoPointTexts t = TwoPointMeasure(QPointF(v[0], v[1]), v[2],
+            CursorPoint { CursorPoint::Kind(int(v[3])), v[4] }, MinutesPerTimeUnit(f[3]));
+        QCOMPARE(QStringList({ t.deltaTime, t.deltaTemp, t.rate }).join(QLatin1Char(';')), f[4]);
+    }
+
+    // Panel open | Y scaling | readings | refreshes of a panel registered with the engine.
+    void panelRefresh_data()
+    {
+        rows::add({ "closed | 0 1 3 0", "first reading, scaling | 1 1 1 1",
+            "window step and scaling | 1 1 3 5", "window step only | 1 0 3 2" });
+    }
+    void panelRefresh()
+    {
+        struct Counting : ChartPanel {
+            void UpdatePanelWithCurrentChartSettings() override { ++updates; }
+            int updates = 0;
+        } panel;
+        const QList<double> v = rows::numbers(rows::fields()[0]);
+        EngineRig<> rig;
+        rig.engine.setPanel(&panel);
+        rig.state.GraphSettingsOpen = v[0] == 1;
+        rig.window.mnuAutoScaleYAxis.setChecked(v[1] == 1);
+        for (int i = 0; i < v[2]; ++i)
+            rig.feed(50);
+        QCOMPARE(panel.updates, int(v[3]));
     }
 };
 TALAVEX_TEST(TestGraphSettings)
