@@ -125,9 +125,8 @@ private slots:
             "zoom held during a run | run f30 zoom=10,20 held R+ f200 =10,20 reset live R- "
             "=180,240",
             "held while compressing | C run f30 zoom=10,20 f100 =10,20 reset =0,240",
-            "idle zooms: reset shows the first view | f3 zoom=0,40 zoom=0,20 reset =0,60 "
-            "zoom=10,60 "
-            "reset =0,60",
+            "idle zooms, reset: the first view | f3 zoom=0,40 zoom=0,20 reset =0,60 zoom=10,60 "
+            "reset =0,60 zoom=0,60,0,50 reset Y=0,100",
             "gestures | run f2 zoom=0,60 live R- zoom=0,60,-10,90 held R+ Y=-10,90 reset R-",
             "show all, then reset | S i=2 f4 all =0,6 R+ reset =0,60 R- #4 ?0",
             "show all | pts=0,100,1,150,2,120 x=300,360 all =0,2 Y=90,165 pts=0,-20,5,40 "
@@ -155,7 +154,8 @@ private slots:
             "stop, file kept | old=p.rec run f2 yes no pick=p.rec stop ?2 unsaved rec=p.rec,-",
             "stop, file replaced | old=p.rec run f2 yes yes pick=p.rec stop ?2 saved rec=p.rec,2",
             "save without data | save ?1 unsaved", "save failing | f2 pick=none/p save ?1 unsaved",
-            "a title on two lines | ytitle=TWO\\nLINES f2 pick=t save open=t.rec ?0 #2",
+            "a title on one line | ytitle=TWO\\nLINES f2 pick=t save "
+            "tail=t.rec,\\nTWO_LINES\\nDEG_F\\n1\\n",
             "plot file round trip | unit=1 ytitle=DEGREES_F i=7 f1@100 f1@-20 f1@32767 f1@-32768 "
             "f1@0 f1@71 xs=0,0.1166667,0.2333333,0.35,0.4666667,0.5833333 y=-12.5,100 pick=run "
             "save saved rec=run.rec,6 tail=run.rec,END\\n\\nMINUTES\\n\\nDEGREES_F\\nDEG_F\\n7\\n "
@@ -303,6 +303,8 @@ private slots:
             QCOMPARE(busy, 0);
             QCOMPARE(a.chart.panel() == &panel, a.state.GraphSettingsOpen);
             QCOMPARE(recorder.pin == "-", !a.cursor.pinned());
+            // The chart's pixels map onto its ranges, Y upwards.
+            QCOMPARE(rig.chart.pixelToData({ 0, 600 }).y(), rig.chart.axisMin(Axis::Y));
             if (!a.state.GraphSettingsOpen)
                 return;
             QCOMPARE(boxes.chkDispLimits.checked(), shown);

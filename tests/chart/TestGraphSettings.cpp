@@ -62,6 +62,7 @@ private slots:
             "X min = max | txtMinX | 110 | Please Enter An X Min. Value That is Less Than X Max.",
             "Y max not numeric | txtMaxY | 1..2 | Please Enter A Numeric Value for Y Max.",
             "Y max < min | txtMaxY | -1 | Please Enter A Y Max. Value That Is Greater Than Y Min.",
+            "Y max = min | txtMaxY | 0 | Please Enter A Y Max. Value That Is Greater Than Y Min.",
             "Y min not numeric | txtMinY | --3 | Please Enter A Numeric Value for Y Min.",
             "Y min = max | txtMinY | 100 |  Please Enter A Y Min. Value That Less Than Y Max." });
     }
