@@ -23,7 +23,6 @@ private slots:
         row("sense scan", "2/1! scan: scan 0 +ir +comp");
         row("download sense", "1/3! sense: sensing 0 +ir +comp");
         row("sense download", "3/1! data: data ic@0 +ir +comp");
-        row("sense scan idle", "0/1 idle: scan 0 +ir +comp");
         row("scan reset", "0/0 idle: +ir +comp");
         row("sense scan reset", "1/1 sense: sensing 0 +ir +comp");
         row("sense scan idle comp download", "3/1 data: data ic@0 +ir +comp");

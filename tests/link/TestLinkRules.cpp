@@ -246,14 +246,15 @@ private slots:
             QVERIFY(a.store.text().endsWith(QStringLiteral("\t#002\t76\r\n")));
             QCOMPARE(w.lblReceivedCounts.caption(), QStringLiteral("1 READING, 0 EMPTY LOCATIONS"));
         }
+        const int unloads = a.acquisition.downloadMode(); // the window is closed once
         if (end == "menu")
             a.acquisition.mnuDownloadData_Click();
         else
             a.storedPoints.Form_Unload();
         QCOMPARE(menus(a), Idle);
-        QVERIFY(!rig.port.isOpen());
-        QCOMPARE(w.lblAcquiredPoints.caption(), QStringLiteral("STORED DATA POINTS..."));
+        QVERIFY(!rig.port.isOpen() && w.lblAcquiredPoints.caption() == "STORED DATA POINTS...");
 
+        QCOMPARE(rig.host.calls.count("unloadStoredPoints"), unloads);
         rig.host.calls.clear();
         a.acquisition.mnuDownloadData_Click();
         QCOMPARE(rig.host.calls, QStringList { "showStoredPoints" });
