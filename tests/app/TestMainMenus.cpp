@@ -23,9 +23,7 @@ struct FilesRig : AppRig {
         QDir().mkpath(dir.filePath("bin"));
         testfiles::writeAll(dir.filePath("bin/gedit"), "#!/bin/sh\n");
         QFile::setPermissions(dir.filePath("bin/gedit"), QFileDevice::Permissions(0x7700));
-        EditorSearch search;
-        search.pathDirs = { dir.filePath("bin") };
-        app().files.editors = TextEditorLocator(search);
+        app().files.editors = TextEditorLocator({ {}, {}, { dir.filePath("bin") }, {} });
     }
     QString started() const // the programs started, with their arguments
     {
