@@ -63,7 +63,7 @@ private slots:
             QList<int>({ 2, 1, 2, 300, 40 }));
         QVERIFY(a.bar.IsAlarmOn()); // entry 15 acts once the bar is shown
         a.tempBarWindow.mnuViewTempBar_Click();
-        QVERIFY(!a.bar.IsAlarmOn() && a.state.TempBarVisible);
+        QVERIFY(!a.bar.IsAlarmOn() && a.state.TempBarVisible && a.main.mnuViewTempBar.checked());
         a.controller.Shutdown();
         QCOMPARE(testfiles::readAll(path), linesOf(changed));
 
