@@ -163,9 +163,10 @@ private slots:
         QVERIFY(!a.demo.sweeping() && !a.state.TempBarVisible);
         a.demo.mnuTestFunction_Click(); // acquisition takes the bar over, and the menus are shut
         d.rig.startSensing();
+        QVERIFY(!a.demo.sweeping());
         d.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
         a.demo.tmrSweep_Timer();
-        QVERIFY(!a.demo.sweeping() && a.bar.indicatorTop() == 2340);
+        QCOMPARE(a.bar.indicatorTop(), 2340);
         QVERIFY(!a.main.mnuTestFunction.enabled() && !a.main.mnuControlTester.enabled());
         d.rig.prompter.clear();
         a.demo.mnuTestFunction_Click();
