@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "app/ProgramFolder.h"
 #include "support/AppRig.h"
 #include "support/SettingsLines.h"
 #include "support/TestFiles.h"
@@ -171,6 +172,9 @@ private slots:
         }
         AppRig rig;
         rig.app().controller.Form_Load();
+        rig.app().controller.mnuAutoScaleYAxis_Click(); // its entry follows at once
+        QVERIFY(rig.app().main.mnuAutoScaleYAxis.checked()
+            && rig.app().state.SettingsValues.line(17) == "1");
         rig.startSensing();
         bool savedBeforeClose = true;
         rig.port.onClose
@@ -178,6 +182,11 @@ private slots:
         rig.app().controller.Shutdown();
         QVERIFY(!rig.port.isOpen() && !savedBeforeClose);
         QVERIFY(QFile::exists(rig.dir.filePath("Settings.dat")));
+        const QString home
+            = ProgramFolder::inHome(rig.dir.path()); // made and given the factory file
+        QVERIFY(ProgramFolder::prepare(home, rig.dir.filePath("Settings.dat"), nullptr));
+        QCOMPARE(testfiles::readAll(home + "/DefaultSettings.dat"),
+            testfiles::readAll(rig.dir.filePath("Settings.dat")));
     }
     // The data files menu: the editor shows a file; one not found is asked for, then kept.
     void editor_data()
