@@ -102,23 +102,18 @@ private slots:
                 { "reset", [&] { t.cmdResetOldState_Click(); } } };
             for (const QString& op : script.split(' ', Qt::SkipEmptyParts))
                 op.startsWith("slide:") ? t.sldReading_Change(op.mid(6).toInt()) : ops[op]();
-            const qint64 fill = a.bar.shpIndicator.backColor();
+            const auto n = [](auto value) { return QString::number(value); };
+            const QMap<qint64, QString> colours { { TempBar::Green, "green" },
+                { TempBar::Cyan, "cyan" } };
             const QStringList now { "reading=" + m.lblReading.caption(),
-                "range=" + m.lblBarRange.caption(), "top=" + QString::number(a.bar.indicatorTop()),
-                "alarms=" + QString::number(a.bar.IsAlarmOn()),
-                "auto=" + QString::number(a.bar.IsAutoRangeOn()),
-                "degC=" + QString::number(m.chkDegC.checked()),
-                "units=" + QString::number(a.bar.unitsCode()),
-                "height=" + QString::number(a.bar.indicatorHeight()),
-                QString("fill=")
-                    + (fill == TempBar::Green       ? "green"
-                            : fill == TempBar::Cyan ? "cyan"
-                                                    : "?"),
-                "caption=" + a.bar.lblTempBar.caption(),
-                "blinking=" + QString::number(a.bar.blinking()),
-                "barShown=" + QString::number(a.state.TempBarVisible),
-                "current=" + m.lblCurrentState.caption(), "old=" + m.lblOldState.caption(),
-                "calls=" + d.calls.join(',') };
+                "range=" + m.lblBarRange.caption(), "top=" + n(a.bar.indicatorTop()),
+                "height=" + n(a.bar.indicatorHeight()),
+                "fill=" + colours.value(a.bar.shpIndicator.backColor()),
+                "alarms=" + n(a.bar.IsAlarmOn()), "auto=" + n(a.bar.IsAutoRangeOn()),
+                "units=" + n(a.bar.unitsCode()), "degC=" + n(m.chkDegC.checked()),
+                "caption=" + a.bar.lblTempBar.caption(), "blinking=" + n(a.bar.blinking()),
+                "barShown=" + n(a.state.TempBarVisible), "current=" + m.lblCurrentState.caption(),
+                "old=" + m.lblOldState.caption(), "calls=" + d.calls.join(',') };
             for (const QString& fact : shown.split('|', Qt::SkipEmptyParts))
                 QVERIFY2(now.contains(fact), qPrintable(fact + " not in " + now.join('|')));
             ran = true;
@@ -168,9 +163,10 @@ private slots:
         QVERIFY(!a.demo.sweeping() && !a.state.TempBarVisible);
         a.demo.mnuTestFunction_Click(); // acquisition takes the bar over, and the menus are shut
         d.rig.startSensing();
+        QVERIFY(!a.demo.sweeping());
         d.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
         a.demo.tmrSweep_Timer();
-        QVERIFY(!a.demo.sweeping() && a.bar.indicatorTop() == 2340);
+        QCOMPARE(a.bar.indicatorTop(), 2340);
         QVERIFY(!a.main.mnuTestFunction.enabled() && !a.main.mnuControlTester.enabled());
         d.rig.prompter.clear();
         a.demo.mnuTestFunction_Click();

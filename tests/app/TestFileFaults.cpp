@@ -40,18 +40,7 @@ struct SmallDisk {
     QString why;
 };
 
-enum Writer {
-    AtExit,
-    Bindings,
-    SavedPlot,
-    Kept,
-    KeptAppended,
-    Saved,
-    SavedAppended,
-    Picture,
-    Sheet,
-    Run
-};
+enum Writer { Exit, Binding, Plot, Kept, KeptMore, Saved, SavedMore, Image, Book, Run };
 } // namespace
 
 class TestFileFaults : public QObject {
@@ -111,16 +100,16 @@ private slots:
             if (!fullDisk)
                 readOnly.emplace(rig.dir.path());
             switch (Writer(writer)) {
-            case AtExit:
+            case Exit:
                 a.controller.Shutdown();
                 break;
-            case Bindings:
+            case Binding:
                 a.programParameters.Form_Load();
                 a.programParametersModel.comDevice.setCaption(QStringLiteral("/dev/ttyUSB0"));
                 a.programParameters.comDevice_Click();
                 QCOMPARE(rig.portMap.device(1), QStringLiteral("/dev/ttyUSB0")); // for this run
                 break;
-            case SavedPlot:
+            case Plot:
                 a.chartCommands.SavePlot(path);
                 break;
             case Kept:
@@ -128,22 +117,22 @@ private slots:
                 a.store.setText(storedPoint);
                 a.acquisition.mnuDownloadData_Click();
                 break;
-            case KeptAppended:
+            case KeptMore:
                 a.store.setText(storedPoint);
                 reason = SaveDataPointStorage(a.state, a.store, true).reason;
                 break;
             case Saved:
-            case SavedAppended:
+            case SavedMore:
                 a.store.setText(QStringLiteral("76"));
                 rig.prompter.files.push_back(path);
                 rig.prompter.answers.push_back(
-                    writer == SavedAppended ? Prompter::Answer::Yes : Prompter::Answer::No);
+                    writer == SavedMore ? Prompter::Answer::Yes : Prompter::Answer::No);
                 a.textExport.SaveFile();
                 break;
-            case Picture:
+            case Image:
                 a.chartExport.ExportChart(path);
                 break;
-            case Sheet:
+            case Book:
                 a.store.setText(storedPoint);
                 rig.prompter.files.push_back(path);
                 rig.prompter.answers.push_back(Prompter::Answer::Yes);
@@ -166,7 +155,7 @@ private slots:
         files.removeOne(QStringLiteral("filler"));
         QCOMPARE(files, QStringList { file });
         const QString why = fullDisk ? "No space left on device" : "Permission denied";
-        if (writer == KeptAppended)
+        if (writer == KeptMore)
             QCOMPARE(reason, why);
         if (title.isEmpty())
             return;

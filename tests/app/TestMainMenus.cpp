@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "app/ProgramFolder.h"
 #include "support/AppRig.h"
 #include "support/SettingsLines.h"
 #include "support/TestFiles.h"
@@ -23,9 +24,7 @@ struct FilesRig : AppRig {
         QDir().mkpath(dir.filePath("bin"));
         testfiles::writeAll(dir.filePath("bin/gedit"), "#!/bin/sh\n");
         QFile::setPermissions(dir.filePath("bin/gedit"), QFileDevice::Permissions(0x7700));
-        EditorSearch search;
-        search.pathDirs = { dir.filePath("bin") };
-        app().files.editors = TextEditorLocator(search);
+        app().files.editors = TextEditorLocator({ {}, {}, { dir.filePath("bin") }, {} });
     }
     QString started() const // the programs started, with their arguments
     {
@@ -65,7 +64,7 @@ private slots:
             QList<int>({ 2, 1, 2, 300, 40 }));
         QVERIFY(a.bar.IsAlarmOn()); // entry 15 acts once the bar is shown
         a.tempBarWindow.mnuViewTempBar_Click();
-        QVERIFY(!a.bar.IsAlarmOn() && a.state.TempBarVisible);
+        QVERIFY(!a.bar.IsAlarmOn() && a.state.TempBarVisible && a.main.mnuViewTempBar.checked());
         a.controller.Shutdown();
         QCOMPARE(testfiles::readAll(path), linesOf(changed));
 
@@ -173,6 +172,9 @@ private slots:
         }
         AppRig rig;
         rig.app().controller.Form_Load();
+        rig.app().controller.mnuAutoScaleYAxis_Click(); // its entry follows at once
+        QVERIFY(rig.app().main.mnuAutoScaleYAxis.checked()
+            && rig.app().state.SettingsValues.line(17) == "1");
         rig.startSensing();
         bool savedBeforeClose = true;
         rig.port.onClose
@@ -180,6 +182,11 @@ private slots:
         rig.app().controller.Shutdown();
         QVERIFY(!rig.port.isOpen() && !savedBeforeClose);
         QVERIFY(QFile::exists(rig.dir.filePath("Settings.dat")));
+        const QString home
+            = ProgramFolder::inHome(rig.dir.path()); // made and given the factory file
+        QVERIFY(ProgramFolder::prepare(home, rig.dir.filePath("Settings.dat"), nullptr));
+        QCOMPARE(testfiles::readAll(home + "/DefaultSettings.dat"),
+            testfiles::readAll(rig.dir.filePath("Settings.dat")));
     }
     // The data files menu: the editor shows a file; one not found is asked for, then kept.
     void editor_data()

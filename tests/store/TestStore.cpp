@@ -152,27 +152,19 @@ private slots:
     // The files of the last ten runs that logged a reading, kept under the time each began.
     void previousRuns_data()
     {
-        QTest::addColumn<QString>("runs"); // one an hour: R a reading, E none, H no header,
-                                           // L only a live log, S the same time as the last
-        QTest::addColumn<QString>("kept"); // the times, oldest first
-        QTest::newRow("a run") << "R"
-                               << "T09-05-07";
-        QTest::newRow("a run without readings is not kept") << "RE"
-                                                            << "T09-05-07";
-        QTest::newRow("no header: the file's time") << "H"
-                                                    << "T09-35-07";
-        QTest::newRow("only a live log: its time") << "L"
-                                                   << "T09-35-07";
-        QTest::newRow("the same second twice") << "RS"
-                                               << "T09-05-07 T09-05-07-2";
-        QTest::newRow("the last ten") << "RRRRRRRRRRRR"
-                                      << "T11-05-07 T12-05-07 T13-05-07 T14-05-07 T15-05-07 "
-                                         "T16-05-07 T17-05-07 T18-05-07 T19-05-07 T20-05-07";
+        // Runs, one an hour: R logged a reading, E none, H without a header, L only a live log, S
+        // at the same time as the one before; then the times kept.
+        QTest::addColumn<QString>("row");
+        for (const char* row : { "R=T09-05-07", "RE=T09-05-07", "H=T09-35-07", "L=T09-35-07",
+                 "RS=T09-05-07 T09-05-07-2",
+                 "RRRRRRRRRRRR=T11-05-07 T12-05-07 T13-05-07 T14-05-07 T15-05-07 T16-05-07 "
+                 "T17-05-07 T18-05-07 T19-05-07 T20-05-07" })
+            QTest::newRow(row) << QString(row);
     }
     void previousRuns()
     {
-        QFETCH(QString, runs);
-        QFETCH(QString, kept);
+        QFETCH(QString, row);
+        const QString runs = row.section('=', 0, 0), kept = row.section('=', 1);
         QTemporaryDir dir;
         const QString lastObtained = dir.filePath(LastObtainedFile::FileName);
         const QString liveLog = dir.filePath(LiveLog::FileName);
