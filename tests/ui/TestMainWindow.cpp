@@ -7,10 +7,12 @@
 #include "app/SettingsFileIO.h"
 #include "base/ViewModel.h"
 #include "ui/ControlTesterDialog.h"
+#include "ui/DemoWindowHost.h"
 #include "ui/IRSystemWidget.h"
 #include "ui/ModelBinder.h"
 #include "ui/ProgramParametersDialog.h"
 #include "ui/QtSerialPort.h"
+#include "ui/SplashWindow.h"
 #include "ui/StoredPointsWindow.h"
 #include "ui/SystemStatusWindow.h"
 #include "ui/TempBarSettingsDialog.h"
@@ -23,6 +25,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QSlider>
 #include <memory>
@@ -144,9 +147,10 @@ private slots:
         f.feed("  20\x07");
         QCOMPARE(f.app.bar.indicatorTop(), top);
     }
-    // DEMO CONTROLS > Control Tester opens beside the bar, with the status window, and moves
+    // DEMO CONTROLS: the control tester opens beside the bar, with the status window, and moves
     // the bar by hand; closed, it leaves the bar empty with its alarm colours, the line unopened.
-    void controlTesterMovesTheBar()
+    // The splash stays after its blinks until clicked, then goes.
+    void demoControls()
     {
         WindowRig f;
         QList<bool> seen;
@@ -167,8 +171,16 @@ private slots:
         f.trigger("mnuControlTester");
         QCOMPARE(seen, QList<bool>(6, true));
         QVERIFY(f.find("mnuViewTempBar")->isChecked() && f.app.bar.IsAlarmOn());
-        QCOMPARE(f.app.bar.indicatorHeight(), 0);
-        QCOMPARE(f.port.openCount, 0);
+        QCOMPARE(
+            QList<int>({ f.app.bar.indicatorHeight(), f.port.openCount }), QList<int>({ 0, 0 }));
+        f.trigger("mnuSplash");
+        QPointer<SplashWindow> splash = f.window.demoWindows()->splash();
+        for (int tick = 0; tick < 2 * SplashWindow::BlinkTicks; ++tick)
+            splash->tmrBlink_Timer();
+        QVERIFY(splash->isVisible());
+        QTest::mouseClick(splash, Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(splash.isNull());
     }
     // Every state of the link looks different; a new state repaints the whole picture, a step
     // of its animation only the part that moves.
@@ -183,21 +195,20 @@ private slots:
         PaintLog log;
         widget.installEventFilter(&log);
         QList<QImage> frames { widget.grab().toImage() };
-        const qint64 whole = 320 * 160;
         for (auto state : { &IRSystem::SenseTemperature, &IRSystem::ScanForIrSystem,
                  &IRSystem::DownloadIRData }) {
             QCoreApplication::processEvents();
             log.areas.clear();
             (system.*state)();
             QCoreApplication::processEvents();
-            QVERIFY(log.areas.contains(whole));
+            QVERIFY(log.areas.contains(320 * 160));
             system.tmrCompGraphics_Timer();
             QCoreApplication::processEvents();
             log.areas.clear();
             system.tmrCompGraphics_Timer();
             QCoreApplication::processEvents();
             QVERIFY(!log.areas.isEmpty()
-                && *std::max_element(log.areas.begin(), log.areas.end()) < whole / 2);
+                && *std::max_element(log.areas.begin(), log.areas.end()) < 320 * 160 / 2);
             QVERIFY(!frames.contains(widget.grab().toImage()));
             frames << widget.grab().toImage();
         }
@@ -216,8 +227,8 @@ private slots:
         ports->setFocus();
         QTest::keyClick(ports, Qt::Key_Down);
         QCOMPARE(ports->currentText(), QStringLiteral("COM 2"));
-        QCOMPARE(QList<int>({ rig.state.CommPortNumber, rig.port.number }), QList<int>({ 2, 2 }));
-        QVERIFY(!rig.port.opened);
+        QCOMPARE(QList<int>({ rig.state.CommPortNumber, rig.port.number, rig.port.opened }),
+            QList<int>({ 2, 2, 0 }));
         QLineEdit* device = dialog.findChild<QComboBox*>(QStringLiteral("comDevice"))->lineEdit();
         QCOMPARE(device->text(), QStringLiteral("/dev/ttyS1"));
         device->selectAll();
