@@ -1,7 +1,8 @@
-// What a reading costs on the chart, how fast a million points redraw, and what each plotted
-// reading takes in memory.
+// What a reading costs on the chart, how fast a million points redraw, what each plotted reading
+// takes in memory, and what the cursor's read-out costs.
 #include "base/AppState.h"
 #include "base/MainWindowModel.h"
+#include "chart/CursorReadout.h"
 #include "chart/GraphingFunctions.h"
 #include "chart/InMemoryChartSurface.h"
 #include "ui/QCustomPlotSurface.h"
@@ -118,6 +119,23 @@ void BM_AddReading_InMemory(benchmark::State& bench) { addReading(bench, false);
 void BM_AddReading_Plot(benchmark::State& bench) { addReading(bench, true); }
 BENCHMARK(BM_AddReading_InMemory)->Arg(1000)->Arg(1000000);
 BENCHMARK(BM_AddReading_Plot)->Arg(1000)->Arg(1000000);
+
+// The cursor's read-out over a record of 1,000 and of a million readings, the cursor anywhere in
+// it: a search, so its cost barely grows with the record.
+void BM_CursorReadout_InMemory(benchmark::State& bench)
+{
+    EngineRig rig(false);
+    const qint64 readings = bench.range(0);
+    rig.fill(readings);
+    rig.chart->setAxisMax(ChartSurface::Axis::X, double(readings));
+    double x = 0.25;
+    for (auto _ : bench) {
+        benchmark::DoNotOptimize(CursorReadout(*rig.chart, x));
+        x = x + 7919.5 < double(readings) ? x + 7919.5 : x + 7919.5 - double(readings);
+    }
+    bench.counters["points"] = double(readings);
+}
+BENCHMARK(BM_CursorReadout_InMemory)->Arg(1000)->Arg(1000000);
 
 // A full redraw of the plot with the whole record in view.
 void BM_Redraw_Plot(benchmark::State& bench)

@@ -1,493 +1,188 @@
+#include "app/DemoWindows.h"
 #include "support/AppRig.h"
 #include "support/TestRegistry.h"
-
-#include "app/ControlTesterController.h"
-#include "app/ControlTesterModel.h"
-#include "app/DemoController.h"
-#include "app/DemoWindows.h"
-
 #include <QDir>
-#include <QSet>
 #include <QTest>
 #include <functional>
 
 namespace {
-
-// Stands in for the demo windows: the status window marks itself shown as the real one does,
-// and the control tester runs a script in place of the operator.
-class FakeDemoWindows : public DemoWindows {
-public:
-    explicit FakeDemoWindows(Application& app)
-        : app_(app)
+// The application with the demo windows; the control tester runs a script of the operator's.
+struct DemoRig : DemoWindows {
+    AppRig rig;
+    Application& a = rig.app();
+    QStringList calls;
+    std::function<void()> operate;
+    DemoRig()
     {
+        a.demo.setWindows(this);
+        a.controlTester.setWindows(this);
+        a.controller.Form_Load(); // the bar's scale 0 to 100, limits 25 and 85
     }
     void showSystemStatusWindow() override
     {
         calls << QStringLiteral("status");
-        app_.irSystem.reset();
-        app_.state.SystemStatusVisible = true;
+        a.irSystem.reset();
+        a.state.SystemStatusVisible = true;
     }
     void showControlTester() override
     {
         calls << QStringLiteral("tester");
-        app_.controlTester.Form_Load();
-        if (operate)
-            operate();
-        app_.controlTester.Form_Unload();
+        a.controlTester.Form_Load();
+        operate();
+        a.controlTester.Form_Unload();
     }
-    void showSplash() override { calls << QStringLiteral("splash"); }
-
-    QStringList calls;
-    std::function<void()> operate;
-
-private:
-    Application& app_;
-};
-
-struct DemoRig {
-    AppRig rig;
-    FakeDemoWindows windows { rig.app() };
-    DemoRig()
-    {
-        rig.app().demo.setWindows(&windows);
-        rig.app().controlTester.setWindows(&windows);
-        // The settings as the program starts with them: the bar's scale 0 to 100.
-        rig.app().controller.Form_Load();
-    }
-    Application& app() { return rig.app(); }
-    DemoController& demo() { return rig.app().demo; }
-    ControlTesterController& tester() { return rig.app().controlTester; }
-    ControlTesterModel& testerModel() { return rig.app().controlTesterModel; }
-    TempBar& bar() { return rig.app().bar; }
-    QStringList workFiles() const { return QDir(rig.dir.path()).entryList(QDir::Files); }
+    void showSplash() override { }
     // Nothing the demo controls may touch has moved.
     void verifyUntouched()
     {
         QCOMPARE(rig.port.openCount, 0);
-        QVERIFY(!app().main.mnuSenseTemperature.checked());
-        QVERIFY(!app().main.mnuDownloadData.checked());
-        QVERIFY(!app().chart.ChartHasPoints());
-        QCOMPARE(workFiles(), QStringList());
+        QVERIFY(!a.main.mnuSenseTemperature.checked() && !a.main.mnuDownloadData.checked());
+        QVERIFY(!a.chart.ChartHasPoints());
+        QCOMPARE(QDir(rig.dir.path()).entryList(QDir::Files), QStringList());
     }
 };
-
 } // namespace
 
-// The demo menu's controllers, driven on the real application around fakes.
+// The demo menu on the real application around fakes of the windows and the line.
 class TestDemo : public QObject {
     Q_OBJECT
-
 private slots:
-    // --- the test function ---------------------------------------------------------------
-
-    void sweepReading_data()
+    // The control tester: what a script shows, and all put back when it closes.
+    void controlTester_data()
     {
-        QTest::addColumn<int>("step");
-        QTest::addColumn<int>("steps");
-        QTest::addColumn<int>("low");
-        QTest::addColumn<int>("high");
-        QTest::addColumn<int>("reading");
-        QTest::newRow("start at the bottom") << 0 << 80 << -12 << 112 << -12;
-        QTest::newRow("quarter way up") << 20 << 80 << -12 << 112 << 50;
-        QTest::newRow("top at half time") << 40 << 80 << -12 << 112 << 112;
-        QTest::newRow("quarter way down") << 60 << 80 << -12 << 112 << 50;
-        QTest::newRow("back at the bottom") << 80 << 80 << -12 << 112 << -12;
-        QTest::newRow("past the end stays low") << 95 << 80 << -12 << 112 << -12;
-        QTest::newRow("odd step count: top") << 2 << 5 << 0 << 30 << 30;
-        QTest::newRow("odd step count: down") << 3 << 5 << 0 << 30 << 20;
-        QTest::newRow("no steps") << 3 << 0 << 7 << 30 << 7;
-        QTest::newRow("full 16-bit span") << 40 << 80 << -32768 << 32767 << 32767;
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("shown"); // "what=value|..."
+        auto row = [](const char* name, const char* script, const char* shown) {
+            QTest::newRow(name) << QString(script) << QString(shown);
+        };
+        row("opened", "", "reading=READING: 0|range=SCALE 0 TO 100   LIMITS 25 / 85|alarms=1");
+        row("a reading", "slide:50", "reading=READING: 50|top=2340|fill=green");
+        row("indicators off", "alarms slide:50", "alarms=0|fill=cyan");
+        row("held at the slider's end", "slide:500", "reading=READING: 112|blinking=1");
+        row("auto-range", "auto slide:-12", "auto=1|height=0|blinking=0");
+        row("degrees C", "degC", "units=2|degC=1|caption=TEMP. BAR - DEG C");
+        row("and back to F", "degC slide:500 degC", "units=1|degC=0|caption=GRAPH SATURATED");
+        row("clear", "slide:50 clear", "height=0|reading=READING: 0");
+        row("clear opens a closed bar", "hidebar clear", "barShown=1");
+        row("scan from idle", "scan", "current=STATE: 2 - SCANNING|old=OLD STATE: 0 - IDLE");
+        row("scan then sense", "scan sense", "old=OLD STATE: 2 - SCANNING  (CHANGED)");
+        row("sense, receive, back", "sense download reset",
+            "current=STATE: 1 - SENSING|old=OLD STATE: 1 - SENSING");
+        row("idle", "scan idle", "current=STATE: 0 - IDLE");
+        row("idle keeps the old state", "download scan idle reset",
+            "current=STATE: 3 - RECEIVING|old=OLD STATE: 3 - RECEIVING");
+        row("a closed status window opens again", "hidestatus sense",
+            "current=STATE: 1 - SENSING|calls=status,tester,status");
     }
-    void sweepReading()
+    void controlTester()
     {
-        QFETCH(int, step);
-        QFETCH(int, steps);
-        QFETCH(int, low);
-        QFETCH(int, high);
-        QTEST(DemoController::SweepReading(step, steps, low, high), "reading");
+        QFETCH(QString, script);
+        QFETCH(QString, shown);
+        DemoRig d;
+        Application& a = d.a;
+        const auto settings = a.state.SettingsValues.lines();
+        bool ran = false;
+        d.operate = [&] {
+            ControlTesterController& t = a.controlTester;
+            ControlTesterModel& m = a.controlTesterModel;
+            auto toggle = [](Control& box, auto click) {
+                return [&box, click] { box.setChecked(!box.checked()), click(); };
+            };
+            const QMap<QString, std::function<void()>> ops { { "clear",
+                                                                 [&] { t.cmdClearTemp_Click(); } },
+                { "alarms", toggle(m.chkAlarmLimits, [&] { t.chkAlarmLimits_Click(); }) },
+                { "auto", toggle(m.chkAutoRange, [&] { t.chkAutoRange_Click(); }) },
+                { "degC", toggle(m.chkDegC, [&] { t.chkDegC_Click(); }) },
+                { "hidebar", [&] { a.tempBarWindow.mnuViewTempBar_Click(); } },
+                { "hidestatus", [&] { a.state.SystemStatusVisible = false; } },
+                { "scan", [&] { t.cmdScanForIrSystem_Click(); } },
+                { "sense", [&] { t.cmdSenseTemperature_Click(); } },
+                { "download", [&] { t.cmdDownloadIRData_Click(); } },
+                { "idle", [&] { t.cmdSetToIdle_Click(); } },
+                { "reset", [&] { t.cmdResetOldState_Click(); } } };
+            for (const QString& op : script.split(' ', Qt::SkipEmptyParts))
+                op.startsWith("slide:") ? t.sldReading_Change(op.mid(6).toInt()) : ops[op]();
+            const auto n = [](auto value) { return QString::number(value); };
+            const QMap<qint64, QString> colours { { TempBar::Green, "green" },
+                { TempBar::Cyan, "cyan" } };
+            const QStringList now { "reading=" + m.lblReading.caption(),
+                "range=" + m.lblBarRange.caption(), "top=" + n(a.bar.indicatorTop()),
+                "height=" + n(a.bar.indicatorHeight()),
+                "fill=" + colours.value(a.bar.shpIndicator.backColor()),
+                "alarms=" + n(a.bar.IsAlarmOn()), "auto=" + n(a.bar.IsAutoRangeOn()),
+                "units=" + n(a.bar.unitsCode()), "degC=" + n(m.chkDegC.checked()),
+                "caption=" + a.bar.lblTempBar.caption(), "blinking=" + n(a.bar.blinking()),
+                "barShown=" + n(a.state.TempBarVisible), "current=" + m.lblCurrentState.caption(),
+                "old=" + m.lblOldState.caption(), "calls=" + d.calls.join(',') };
+            for (const QString& fact : shown.split('|', Qt::SkipEmptyParts))
+                QVERIFY2(now.contains(fact), qPrintable(fact + " not in " + now.join('|')));
+            ran = true;
+        };
+        a.demo.mnuControlTester_Click();
+        QVERIFY(ran && !a.controlTester.loaded() && a.state.TempBarVisible);
+        // Closed: switches and units as before, the reading cleared, the display idle.
+        QVERIFY(a.bar.IsAlarmOn() && !a.bar.IsAutoRangeOn() && !a.bar.blinking());
+        QVERIFY(a.bar.lblTempBar.caption() == TempBar::degFCaption() && a.bar.indicatorHeight() == 0
+            && a.irSystem.GetCurrentState() == IRSystem::Idle);
+        QVERIFY(a.state.SettingsValues.lines() == settings);
+        d.verifyUntouched();
     }
-
-    void sweepState_data()
-    {
-        QTest::addColumn<int>("step");
-        QTest::addColumn<int>("state");
-        QTest::newRow("first step") << 0 << int(IRSystem::Scanning);
-        QTest::newRow("last scanning step") << 19 << int(IRSystem::Scanning);
-        QTest::newRow("first sensing step") << 20 << int(IRSystem::Sensing);
-        QTest::newRow("last sensing step") << 59 << int(IRSystem::Sensing);
-        QTest::newRow("first receiving step") << 60 << int(IRSystem::Receiving);
-        QTest::newRow("last step") << 80 << int(IRSystem::Receiving);
-    }
-    void sweepState()
-    {
-        QFETCH(int, step);
-        QTEST(int(DemoController::SweepState(step, 80)), "state");
-    }
-
-    void testFunctionShowsEveryCaptionColourAndState()
+    // The test function's sweep and its ends; refusals while acquiring; the chart's summary.
+    void testFunction()
     {
         DemoRig d;
-        d.demo().mnuTestFunction_Click();
-        QVERIFY(d.app().state.TempBarVisible);
-        QVERIFY(d.app().main.mnuViewTempBar.checked());
-        QVERIFY(d.app().state.SystemStatusVisible);
-        QVERIFY(d.demo().sweeping());
-        QCOMPARE(d.demo().tmrSweep().interval(), DemoController::SweepIntervalMs);
-
-        QSet<QString> captions;
-        QSet<qint64> colours;
-        QList<int> states;
-        bool blinked = false;
+        Application& a = d.a;
+        a.demo.mnuTestFunction_Click();
+        QVERIFY(a.state.TempBarVisible && a.state.SystemStatusVisible);
+        QStringList seen; // the caption and the link state, each time they change
         int ticks = 0;
-        auto look = [&] {
-            captions << d.bar().lblTempBar.caption();
-            colours << d.bar().shpIndicator.backColor();
-            blinked = blinked || d.bar().blinking();
-            const int s = d.app().irSystem.GetCurrentState();
-            if (states.isEmpty() || states.last() != s)
-                states << s;
-        };
-        look();
-        while (d.demo().sweeping() && ticks < 1000) {
-            d.demo().tmrSweep_Timer();
-            ++ticks;
-            if (d.demo().sweeping())
-                look();
+        for (; a.demo.sweeping() && ticks < 1000; ++ticks, a.demo.tmrSweep_Timer()) {
+            const QString look
+                = a.bar.lblTempBar.caption() + ' ' + QString::number(a.irSystem.GetCurrentState());
+            if (seen.isEmpty() || seen.last() != look)
+                seen << look;
         }
         QCOMPARE(ticks, DemoController::SweepSteps + 1);
-        QVERIFY(captions.contains(TempBar::degFCaption()));
-        QVERIFY(captions.contains(TempBar::underLimitCaption()));
-        QVERIFY(captions.contains(TempBar::saturatedCaption()));
-        QVERIFY(colours.contains(TempBar::Red));
-        QVERIFY(colours.contains(TempBar::Yellow));
-        QVERIFY(colours.contains(TempBar::Green));
-        QVERIFY(blinked);
-        QCOMPARE(
-            states, (QList<int> { IRSystem::Scanning, IRSystem::Sensing, IRSystem::Receiving }));
-
-        // Over: the bar empty, the caption steady, the display idle, the windows still open.
-        QCOMPARE(d.bar().indicatorHeight(), 0);
-        QCOMPARE(d.bar().lblTempBar.caption(), TempBar::degFCaption());
-        QVERIFY(!d.bar().blinking());
-        QCOMPARE(d.app().irSystem.GetCurrentState(), qint16(IRSystem::Idle));
-        QVERIFY(d.app().state.TempBarVisible);
-        QVERIFY(d.rig.prompter.shown.empty());
+        QCOMPARE(seen,
+            QStringList({ "TEMP. UNDER LIMIT 2", "TEMP. BAR - DEG F 2", "TEMP. BAR - DEG F 1",
+                "GRAPH SATURATED 1", "TEMP. BAR - DEG F 1", "TEMP. BAR - DEG F 3",
+                "TEMP. UNDER LIMIT 3" }));
+        // Over: the bar empty and steady, the display idle, the windows left open.
+        QVERIFY(a.bar.indicatorHeight() == 0 && !a.bar.blinking() && a.state.TempBarVisible
+            && a.irSystem.GetCurrentState() == IRSystem::Idle);
         d.verifyUntouched();
-    }
-
-    void testFunctionAgainStopsTheSweep()
-    {
-        DemoRig d;
-        d.demo().mnuTestFunction_Click();
+        a.demo.mnuTestFunction_Click(); // a second click stops it
         for (int i = 0; i < 30; ++i)
-            d.demo().tmrSweep_Timer();
-        QVERIFY(d.bar().indicatorHeight() > 0);
-        d.demo().mnuTestFunction_Click();
-        QVERIFY(!d.demo().sweeping());
-        QCOMPARE(d.bar().indicatorHeight(), 0);
-        QCOMPARE(d.app().irSystem.GetCurrentState(), qint16(IRSystem::Idle));
-    }
-
-    void sweepGivesWayToAcquisition()
-    {
-        DemoRig d;
-        d.demo().mnuTestFunction_Click();
-        for (int i = 0; i < 10; ++i)
-            d.demo().tmrSweep_Timer();
+            a.demo.tmrSweep_Timer();
+        a.demo.mnuTestFunction_Click();
+        QVERIFY(!a.demo.sweeping() && a.bar.indicatorHeight() == 0
+            && a.irSystem.GetCurrentState() == IRSystem::Idle);
+        a.demo.mnuTestFunction_Click(); // closing the bar stops it
+        a.tempBarWindow.mnuViewTempBar_Click();
+        a.demo.tmrSweep_Timer();
+        QVERIFY(!a.demo.sweeping() && !a.state.TempBarVisible);
+        a.demo.mnuTestFunction_Click(); // acquisition takes the bar over, and the menus are shut
         d.rig.startSensing();
+        QVERIFY(!a.demo.sweeping());
         d.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
-        const int top = d.bar().indicatorTop();
-        QCOMPARE(top, TempBar::BarBottom - TempBar::FullHeight / 2);
-        d.demo().tmrSweep_Timer();
-        QVERIFY(!d.demo().sweeping());
-        // The reading from the instrument stays: the sweep neither moved nor cleared it.
-        QCOMPARE(d.bar().indicatorTop(), top);
-        QVERIFY(d.bar().indicatorHeight() > 0);
-    }
-
-    void sweepEndsWithTheBarWindow()
-    {
-        DemoRig d;
-        d.demo().mnuTestFunction_Click();
-        d.demo().tmrSweep_Timer();
-        d.app().tempBarWindow.mnuViewTempBar_Click();
-        QVERIFY(!d.app().state.TempBarVisible);
-        d.demo().tmrSweep_Timer();
-        QVERIFY(!d.demo().sweeping());
-        QVERIFY(!d.app().state.TempBarVisible);
-    }
-
-    // --- refused while acquisition runs -------------------------------------------------
-
-    void refusedWhileAcquiring_data()
-    {
-        QTest::addColumn<bool>("download");
-        QTest::addColumn<bool>("tester");
-        QTest::newRow("test function while sensing") << false << false;
-        QTest::newRow("test function while downloading") << true << false;
-        QTest::newRow("control tester while sensing") << false << true;
-        QTest::newRow("control tester while downloading") << true << true;
-    }
-    void refusedWhileAcquiring()
-    {
-        QFETCH(bool, download);
-        QFETCH(bool, tester);
-        DemoRig d;
-        if (download)
-            d.rig.startDownload();
-        else
-            d.rig.startSensing();
+        a.demo.tmrSweep_Timer();
+        QCOMPARE(a.bar.indicatorTop(), 2340);
+        QVERIFY(!a.main.mnuTestFunction.enabled() && !a.main.mnuControlTester.enabled());
         d.rig.prompter.clear();
-        if (tester)
-            d.demo().mnuControlTester_Click();
-        else
-            d.demo().mnuTestFunction_Click();
-        QCOMPARE(d.rig.prompter.titles(), QStringList { DemoController::refusedTitle() });
-        QVERIFY(d.rig.prompter.messages().front().text.startsWith(tester
-                ? QStringLiteral("THE CONTROL TESTER IS NOT AVAILABLE")
-                : QStringLiteral("THE TEST FUNCTION IS NOT AVAILABLE")));
-        QVERIFY(!d.demo().sweeping());
-        QCOMPARE(d.windows.calls, QStringList());
-        QVERIFY(!d.app().state.TempBarVisible);
-        QCOMPARE(d.app().main.mnuDownloadData.checked(), download);
-        QCOMPARE(d.app().main.mnuSenseTemperature.checked(), !download);
-    }
-
-    void menusFollowAcquisition()
-    {
-        DemoRig d;
-        d.rig.startSensing();
+        a.demo.mnuTestFunction_Click();
+        a.demo.mnuControlTester_Click();
+        QCOMPARE(d.rig.prompter.titles(), QStringList({ "DEMO CONTROLS", "DEMO CONTROLS" }));
+        QVERIFY(!a.demo.sweeping() && d.calls == QStringList { "status" });
+        a.acquisition.mnuStop_Click();
         QCoreApplication::processEvents();
-        QVERIFY(!d.app().main.mnuTestFunction.enabled());
-        QVERIFY(!d.app().main.mnuControlTester.enabled());
-        QVERIFY(d.app().main.mnuSplash.enabled());
-        d.app().acquisition.mnuStop_Click();
-        QCoreApplication::processEvents();
-        QVERIFY(d.app().main.mnuTestFunction.enabled());
-        QVERIFY(d.app().main.mnuControlTester.enabled());
-    }
-
-    // --- SEARCH FOR IR ------------------------------------------------------------------
-
-    void searchForIrSummarisesTheChart()
-    {
-        DemoRig d;
-        d.rig.chart.setAxisTitle(ChartSurface::Axis::X, QStringLiteral("SECONDS"));
-        d.rig.startSensing();
-        d.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  70\x07  95\x07  61\x07");
-        d.app().acquisition.mnuStop_Click();
-        const int points = d.rig.chart.pointCount(1);
-        const int opened = d.rig.port.openCount;
+        QVERIFY(a.main.mnuTestFunction.enabled() && a.main.mnuControlTester.enabled());
         d.rig.prompter.clear();
-
-        d.demo().mnuSearchForIR_Click();
-        QVERIFY(d.app().main.mnuSearchForIR.checked());
+        a.demo.mnuSearchForIR_Click(); // the chart's readings summed up, and the mark toggled
+        QVERIFY(a.main.mnuSearchForIR.checked());
+        a.demo.mnuSearchForIR_Click();
+        QVERIFY(!a.main.mnuSearchForIR.checked());
         QCOMPARE(d.rig.prompter.titles(), QStringList { DemoController::summaryTitle() });
-        const QString text = d.rig.prompter.messages().front().text;
-        // The parameter block's own reading (1234) is plotted first, at 0.
-        QCOMPARE(text,
-            QStringLiteral("READINGS ON THE CHART: 4\r\n"
-                           "FIRST READING AT: 0 SECONDS\r\n"
-                           "LAST READING AT: 3 SECONDS\r\n"
-                           "LOWEST: 61 AT 3 SECONDS\r\n"
-                           "HIGHEST: 1234 AT 0 SECONDS\r\n"
-                           "AVERAGE: 365.0"));
-        QCOMPARE(d.rig.port.openCount, opened);
-        QVERIFY(!d.rig.port.isOpen());
-        QVERIFY(!d.app().main.mnuSenseTemperature.checked());
-        QVERIFY(!d.app().main.mnuDownloadData.checked());
-        QCOMPARE(d.rig.chart.pointCount(1), points);
-
-        // Again: the check mark goes, and nothing is shown.
-        d.demo().mnuSearchForIR_Click();
-        QVERIFY(!d.app().main.mnuSearchForIR.checked());
-        QCOMPARE(d.rig.prompter.messages().size(), size_t(1));
-    }
-
-    void searchForIrOnAnEmptyChart()
-    {
-        DemoRig d;
-        d.demo().mnuSearchForIR_Click();
-        QCOMPARE(d.rig.prompter.messages().size(), size_t(1));
-        QCOMPARE(
-            d.rig.prompter.messages().front().text, QStringLiteral("NO READINGS ON THE CHART."));
-        d.verifyUntouched();
-    }
-
-    void searchForIrClearedByDownloadAndStop_data()
-    {
-        QTest::addColumn<QString>("command");
-        QTest::newRow("download") << "download";
-        QTest::newRow("stop") << "stop";
-    }
-    void searchForIrClearedByDownloadAndStop()
-    {
-        QFETCH(QString, command);
-        DemoRig d;
-        d.demo().mnuSearchForIR_Click();
-        QVERIFY(d.app().main.mnuSearchForIR.checked());
-        if (command == QLatin1String("download"))
-            d.app().acquisition.mnuDownloadData_Click();
-        else
-            d.app().acquisition.mnuStop_Click();
-        QVERIFY(!d.app().main.mnuSearchForIR.checked());
-    }
-
-    // --- the control tester -------------------------------------------------------------
-
-    void sliderRange_data()
-    {
-        QTest::addColumn<int>("minTemp");
-        QTest::addColumn<int>("maxTemp");
-        QTest::addColumn<int>("low");
-        QTest::addColumn<int>("high");
-        QTest::newRow("default scale") << 0 << 100 << -12 << 112;
-        QTest::newRow("reversed scale") << 100 << 0 << -12 << 112;
-        QTest::newRow("empty scale") << 50 << 50 << 49 << 51;
-        QTest::newRow("narrow scale") << 0 << 7 << -1 << 8;
-        QTest::newRow("16-bit ends") << -32768 << 32767 << -32768 << 32767;
-        QTest::newRow("near the top") << 32000 << 32767 << 31905 << 32767;
-    }
-    void sliderRange()
-    {
-        QFETCH(int, minTemp);
-        QFETCH(int, maxTemp);
-        const auto [low, high] = ControlTesterController::SliderRange(minTemp, maxTemp);
-        QTEST(low, "low");
-        QTEST(high, "high");
-    }
-
-    void testerDrivesTheBarAndPutsItBack()
-    {
-        DemoRig d;
-        const auto settings = d.app().state.SettingsValues;
-        bool ran = false;
-        d.windows.operate = [&] {
-            ran = true;
-            ControlTesterModel& m = d.testerModel();
-            ControlTesterController& t = d.tester();
-            QVERIFY(d.app().state.TempBarVisible);
-            QVERIFY(d.app().state.SystemStatusVisible);
-            QCOMPARE(m.readingMin(), -12);
-            QCOMPARE(m.readingMax(), 112);
-            QVERIFY(m.chkAlarmLimits.checked());
-            QCOMPARE(m.lblBarRange.caption(), QStringLiteral("SCALE 0 TO 100   LIMITS 25 / 85"));
-
-            t.sldReading_Change(50);
-            QCOMPARE(m.lblReading.caption(), QStringLiteral("READING: 50"));
-            QCOMPARE(d.bar().indicatorTop(), TempBar::BarBottom - TempBar::FullHeight / 2);
-            QCOMPARE(d.bar().shpIndicator.backColor(), TempBar::Green);
-
-            m.chkAlarmLimits.setChecked(false);
-            t.chkAlarmLimits_Click();
-            QVERIFY(!d.bar().IsAlarmOn());
-            QCOMPARE(d.bar().shpIndicator.backColor(), TempBar::Cyan);
-
-            // Beyond the slider's end: held at its end, which is over the scale.
-            t.sldReading_Change(500);
-            QCOMPARE(m.reading(), 112);
-            QCOMPARE(d.bar().lblTempBar.caption(), TempBar::saturatedCaption());
-            QVERIFY(d.bar().blinking());
-
-            m.chkAutoRange.setChecked(true);
-            t.chkAutoRange_Click();
-            QVERIFY(d.bar().IsAutoRangeOn());
-            t.sldReading_Change(-12);
-            QCOMPARE(d.bar().indicatorHeight(), 0);
-
-            m.chkDegC.setChecked(true);
-            t.chkDegC_Click();
-            QCOMPARE(d.bar().unitsCode(), qint16(2));
-            QVERIFY(m.chkDegC.checked());
-
-            t.cmdScanForIrSystem_Click();
-            QCOMPARE(m.lblCurrentState.caption(), QStringLiteral("STATE: 2 - SCANNING"));
-        };
-        d.demo().mnuControlTester_Click();
-        QVERIFY(ran);
-        QCOMPARE(d.windows.calls, (QStringList { "status", "tester" }));
-        QVERIFY(!d.tester().loaded());
-
-        // Closed: the switches and units as before, the reading cleared, the display idle.
-        QVERIFY(d.bar().IsAlarmOn());
-        QVERIFY(!d.bar().IsAutoRangeOn());
-        QCOMPARE(d.bar().unitsCode(), qint16(1));
-        QCOMPARE(d.bar().lblTempBar.caption(), TempBar::degFCaption());
-        QVERIFY(!d.bar().blinking());
-        QCOMPARE(d.bar().indicatorHeight(), 0);
-        QCOMPARE(d.app().irSystem.GetCurrentState(), qint16(IRSystem::Idle));
-        QVERIFY(d.app().state.SettingsValues.lines() == settings.lines());
-        d.verifyUntouched();
-    }
-
-    void testerStopsARunningSweep()
-    {
-        DemoRig d;
-        d.demo().mnuTestFunction_Click();
-        bool sweepingInside = true;
-        d.windows.operate = [&] { sweepingInside = d.demo().sweeping(); };
-        d.demo().mnuControlTester_Click();
-        QVERIFY(!sweepingInside);
-    }
-
-    void testerStepsTheLinkStatus_data()
-    {
-        QTest::addColumn<QStringList>("buttons");
-        QTest::addColumn<QString>("current");
-        QTest::addColumn<QString>("old");
-        auto row = [](const char* name, const QStringList& buttons, const char* current,
-                       const char* old) {
-            QTest::newRow(name) << buttons << QString(current) << QString(old);
-        };
-        row("scan from idle", { "scan" }, "STATE: 2 - SCANNING", "OLD STATE: 0 - IDLE");
-        row("scan then sense", { "scan", "sense" }, "STATE: 1 - SENSING",
-            "OLD STATE: 2 - SCANNING  (CHANGED)");
-        row("sense, receive, back", { "sense", "download", "reset" }, "STATE: 1 - SENSING",
-            "OLD STATE: 1 - SENSING");
-        row("idle keeps the old state for a reset", { "download", "scan", "idle", "reset" },
-            "STATE: 3 - RECEIVING", "OLD STATE: 3 - RECEIVING");
-        row("reset right after leaving idle", { "sense", "reset" }, "STATE: 0 - IDLE",
-            "OLD STATE: 0 - IDLE");
-    }
-    void testerStepsTheLinkStatus()
-    {
-        QFETCH(QStringList, buttons);
-        DemoRig d;
-        d.windows.operate = [&] {
-            ControlTesterController& t = d.tester();
-            for (const QString& b : buttons) {
-                if (b == QLatin1String("scan"))
-                    t.cmdScanForIrSystem_Click();
-                else if (b == QLatin1String("sense"))
-                    t.cmdSenseTemperature_Click();
-                else if (b == QLatin1String("download"))
-                    t.cmdDownloadIRData_Click();
-                else if (b == QLatin1String("idle"))
-                    t.cmdSetToIdle_Click();
-                else
-                    t.cmdResetOldState_Click();
-            }
-            QTEST(d.testerModel().lblCurrentState.caption(), "current");
-            QTEST(d.testerModel().lblOldState.caption(), "old");
-        };
-        d.demo().mnuControlTester_Click();
-        QCOMPARE(d.app().irSystem.GetCurrentState(), qint16(IRSystem::Idle));
-    }
-
-    void testerReopensAClosedStatusWindow()
-    {
-        DemoRig d;
-        d.windows.operate = [&] {
-            d.app().state.SystemStatusVisible = false;
-            d.app().irSystem.reset();
-            d.tester().cmdSenseTemperature_Click();
-            QVERIFY(d.app().state.SystemStatusVisible);
-            QCOMPARE(d.app().irSystem.GetCurrentState(), qint16(IRSystem::Sensing));
-        };
-        d.demo().mnuControlTester_Click();
-        QCOMPARE(d.windows.calls, (QStringList { "status", "tester", "status" }));
     }
 };
-
 TALAVEX_TEST(TestDemo)
 #include "TestDemo.moc"

@@ -1,35 +1,35 @@
 #include "support/EngineRig.h"
 #include "support/TestRegistry.h"
 
-#include "base/Numbers.h"
+#include "Rows.h"
 
 #include <QRandomGenerator>
 #include <QTest>
-#include <cmath>
-#include <limits>
 
 namespace {
-using Axis = ChartSurface::Axis;
-constexpr double Empty = GraphingFunctions::EmptyPoint;
+using Xs = QList<double>;
+
+// "10x2" is 10 readings 2 apart from 0; otherwise the X values themselves.
+Xs readings(const QString& text)
+{
+    const QStringList counted = text.split(QLatin1Char('x'));
+    if (counted.size() == 1)
+        return rows::numbers(text);
+    Xs xs;
+    for (int i = 0; i < counted[0].toInt(); ++i)
+        xs << i * counted[1].toDouble();
+    return xs;
+}
 
 // Readings put straight on the series, as a loaded plot would, then the engine told.
 struct Engine : EngineRig<> {
-    void setReadings(const QList<double>& xs)
+    explicit Engine(const Xs& xs)
     {
-        chart.setPointCount(1, 1);
-        chart.setX(1, 1, Empty);
         QList<QPointF> points;
         for (double x : xs)
             points << QPointF(x, 50);
         plot(points);
         engine.SeriesReplaced();
-    }
-    void evenReadings(int count, double step, double first = 0.0)
-    {
-        QList<double> xs;
-        for (int i = 0; i < count; ++i)
-            xs << first + i * step;
-        setReadings(xs);
     }
 };
 
@@ -69,129 +69,54 @@ bool scannedOverWindow(const ChartSurface& chart, double xMin, double xMax)
 class TestAxisWindow : public QObject {
     Q_OBJECT
 private slots:
-    void pointSpacing_data()
+    // Readings (explicit, or "10x2" for 10 readings 2 apart) | a bound | the spacing of readings
+    // 1 and 2 (half to even, in 16 bits) | CalcXMinForWindow(-7, bound) | CalcXMaxForWindow(bound,
+    // -7); "-" is nothing, the arithmetic overflowing.
+    void windowArithmetic_data()
     {
-        QTest::addColumn<QList<double>>("xs");
-        QTest::addColumn<int>("spacing");
-        QTest::newRow("no readings") << QList<double> {} << 0;
-        QTest::newRow("one reading is too few") << QList<double> { 0 } << 0;
-        QTest::newRow("two readings") << QList<double> { 0, 5 } << 5;
-        QTest::newRow("three readings") << QList<double> { 0, 2, 4 } << 2;
-        QTest::newRow("only the first two count") << QList<double> { 0, 3, 100 } << 3;
-        QTest::newRow("half rounds to even, down") << QList<double> { 0, 0.5, 1 } << 0;
-        QTest::newRow("half rounds to even, up") << QList<double> { 0, 1.5, 3 } << 2;
-        QTest::newRow("minutes of a 2 s interval") << QList<double> { 0, 2.0 / 60, 4.0 / 60 } << 0;
-        QTest::newRow("largest 16-bit") << QList<double> { 0, 32767, 65534 } << 32767;
+        rows::add({ "no readings | 0x1 | 400 | 0 | -7 | -7", "one reading | 0 | 400 | 0 | -7 | -7",
+            "two | 0,5 | 2000 | 5 | 500 | 3500",
+            "first two count | 0,3,100 | 1000 | 3 | 100 | 1900",
+            "half down | 0,0.5,1 | 400 | 0 | -7 | -7", "half up | 0,1.5,3 | 1000 | 2 | 400 | 1600",
+            "spacing 1 | 10x1 | 400 | 1 | 100 | 700", "clamped at 0 | 10x1 | 250 | 1 | 0 | 550",
+            "exactly 0 | 10x1 | 300 | 1 | 0 | 600", "negative bound | 10x1 | -400 | 1 | 0 | -100",
+            "a decimal kept | 10x1 | 400.31 | 1 | 100.3 | 700.3",
+            "2 s apart | 10x2 | 5.44 | 2 | 0 | 605.4",
+            "109 fits | 10x109 | 40000 | 109 | 7300 | 72700",
+            "110 overflow | 5x110 | 1000 | 110 | - | -",
+            "-110 overflow | 5x-110 | 1000 | -110 | - | -",
+            "largest 16-bit | 0,32767,65534 | 1000 | 32767 | - | -",
+            "beyond 16 bits | 0,32768,65536 | 1000 | - | - | -" });
     }
-    void pointSpacing()
+    void windowArithmetic()
     {
-        QFETCH(QList<double>, xs);
-        QFETCH(int, spacing);
-        Engine e;
-        e.setReadings(xs);
-        QCOMPARE(int(e.engine.GetPointSpacing().value_or(-1)), spacing);
-    }
-
-    void spacingOverflowGivesNothing()
-    {
-        Engine e;
-        e.setReadings({ 0, 32768, 65536 });
-        QVERIFY(!e.engine.GetPointSpacing());
-    }
-
-    void calcXMin_data()
-    {
-        QTest::addColumn<double>("step");
-        QTest::addColumn<double>("xMax");
-        QTest::addColumn<double>("xMin");
-        QTest::newRow("spacing 1") << 1.0 << 400.0 << 100.0;
-        QTest::newRow("clamped at 0") << 1.0 << 250.0 << 0.0;
-        QTest::newRow("exactly 0") << 1.0 << 300.0 << 0.0;
-        QTest::newRow("2 s apart spans 600") << 2.0 << 1000.0 << 400.0;
-        QTest::newRow("one decimal kept") << 1.0 << 400.31 << 100.3;
-        QTest::newRow("tie to even, down") << 1.0 << 400.25 << 100.2;
-        QTest::newRow("tie to even, up") << 1.0 << 400.75 << 100.8;
-        QTest::newRow("spacing 109 still fits") << 109.0 << 40000.0 << 7300.0;
-        QTest::newRow("spacing 0 leaves it") << 0.4 << 400.0 << -7.0;
-    }
-    void calcXMin()
-    {
-        QFETCH(double, step);
-        QFETCH(double, xMax);
-        QFETCH(double, xMin);
-        Engine e;
-        e.evenReadings(10, step);
-        QCOMPARE(e.engine.CalcXMinForWindow(-7.0, xMax).value_or(-1), xMin);
+        const QStringList f = rows::fields();
+        const Xs v = rows::numbers(f.mid(1).join(QLatin1Char(' ')));
+        Engine e(readings(f[0]));
+        const auto spacing = e.engine.GetPointSpacing();
+        QCOMPARE(spacing ? double(*spacing) : qQNaN(), v[1]);
+        QCOMPARE(e.engine.CalcXMinForWindow(-7.0, v[0]).value_or(qQNaN()), v[2]);
+        QCOMPARE(e.engine.CalcXMaxForWindow(v[0], -7.0).value_or(qQNaN()), v[3]);
     }
 
-    void calcXMax_data()
-    {
-        QTest::addColumn<double>("step");
-        QTest::addColumn<double>("xMin");
-        QTest::addColumn<double>("xMax");
-        QTest::newRow("spacing 1") << 1.0 << 100.0 << 400.0;
-        QTest::newRow("no clamp below 0") << 1.0 << -400.0 << -100.0;
-        QTest::newRow("2 s apart") << 2.0 << 5.44 << 605.4;
-        QTest::newRow("spacing 0 leaves it") << 0.2 << 100.0 << -7.0;
-    }
-    void calcXMax()
-    {
-        QFETCH(double, step);
-        QFETCH(double, xMin);
-        QFETCH(double, xMax);
-        Engine e;
-        e.evenReadings(10, step);
-        QCOMPARE(e.engine.CalcXMaxForWindow(xMin, -7.0).value_or(-1), xMax);
-    }
-
-    void windowProductOverflowGivesNothing_data()
-    {
-        QTest::addColumn<double>("step");
-        QTest::newRow("110 units") << 110.0;
-        QTest::newRow("-110 units") << -110.0;
-        QTest::newRow("32767 units") << 32767.0;
-    }
-    void windowProductOverflowGivesNothing()
-    {
-        QFETCH(double, step);
-        Engine e;
-        e.evenReadings(5, step);
-        QVERIFY(!e.engine.CalcXMinForWindow(1.0, 1000.0));
-        QVERIFY(!e.engine.CalcXMaxForWindow(10.0, 2.0));
-    }
-
+    // Hand-counted: readings | X min | X max | over; for the engine and the scans alike.
     void overWindow_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<double>("step");
-        QTest::addColumn<double>("xMin");
-        QTest::addColumn<double>("xMax");
-        QTest::addColumn<bool>("over");
-        QTest::newRow("empty chart") << 0 << 1.0 << 0.0 << 1e9 << false;
-        QTest::newRow("0..400 of 1000") << 1000 << 1.0 << 0.0 << 400.0 << true;
-        QTest::newRow("0..297: 299 counted") << 1000 << 1.0 << 0.0 << 297.0 << false;
-        QTest::newRow("0..298: 300 counted") << 1000 << 1.0 << 0.0 << 298.0 << true;
-        QTest::newRow("0.5..299.5 starts at the scan") << 1000 << 1.0 << 0.5 << 299.5 << true;
-        QTest::newRow("0.5..298.5") << 1000 << 1.0 << 0.5 << 298.5 << false;
-        QTest::newRow("all 299 readings from 0") << 299 << 1.0 << 0.0 << 1000.0 << false;
-        QTest::newRow("all 300 readings from 0") << 300 << 1.0 << 0.0 << 1000.0 << true;
-        QTest::newRow("range before the first reading") << 1000 << 1.0 << -500.0 << -1.0 << false;
-        QTest::newRow("first reading beyond xMin") << 1000 << 1.0 << -1.0 << 2000.0 << false;
-        QTest::newRow("range after the last reading") << 1000 << 1.0 << 5000.0 << 6000.0 << false;
-        QTest::newRow("2 s apart, 0..600") << 1000 << 2.0 << 0.0 << 600.0 << true;
-        QTest::newRow("2 s apart, 0..500") << 1000 << 2.0 << 0.0 << 500.0 << false;
+        rows::add({ "empty chart | 0x1 | 0 | 1e9 | 0", "0..400 of 1000 | 1000x1 | 0 | 400 | 1",
+            "0..297: 299 | 1000x1 | 0 | 297 | 0", "0..298: 300 | 1000x1 | 0 | 298 | 1",
+            "0.5..299.5 | 1000x1 | 0.5 | 299.5 | 1", "0.5..298.5 | 1000x1 | 0.5 | 298.5 | 0",
+            "299 from 0 | 299x1 | 0 | 1000 | 0", "300 from 0 | 300x1 | 0 | 1000 | 1",
+            "before the first | 1000x1 | -500 | -1 | 0",
+            "first beyond X min | 1000x1 | -1 | 2000 | 0",
+            "after the last | 1000x1 | 5000 | 6000 | 0" });
     }
     void overWindow()
     {
-        QFETCH(int, count);
-        QFETCH(double, step);
-        QFETCH(double, xMin);
-        QFETCH(double, xMax);
-        QFETCH(bool, over);
-        Engine e;
-        e.evenReadings(count, step);
-        QCOMPARE(e.engine.IsXRangeOverWindow(xMin, xMax), over);
-        QCOMPARE(scannedOverWindow(e.chart, xMin, xMax), over);
+        const QStringList f = rows::fields();
+        const Xs v = rows::numbers(f.mid(1).join(QLatin1Char(' ')));
+        Engine e(readings(f[0]));
+        QCOMPARE(e.engine.IsXRangeOverWindow(v[0], v[1]), v[2] == 1);
+        QCOMPARE(scannedOverWindow(e.chart, v[0], v[1]), v[2] == 1);
     }
 
     // The searches against the scans on many random series: ordered ones (the searches),
@@ -202,10 +127,9 @@ private slots:
         int compared = 0;
         int overCount = 0;
         for (int round = 0; round < 600; ++round) {
-            Engine e;
             const int count = round < 20 ? round : 250 + int(random.bounded(700));
             const double steps[] = { 0.0, 0.25, 0.5, 1.0, 1.5, 2.0, 3.0 };
-            QList<double> xs;
+            Xs xs;
             double x = round % 3 == 0 ? 0.0 : double(int(random.bounded(20)) - 10) / 2.0;
             for (int i = 0; i < count; ++i) {
                 xs << x;
@@ -214,7 +138,7 @@ private slots:
             const bool shuffled = round % 10 == 9 && count > 3;
             if (shuffled)
                 std::swap(xs[1], xs[count - 2]);
-            e.setReadings(xs);
+            Engine e(xs);
             // A bound at, beside or between readings, in the given share of the series.
             auto pick = [&](double from, double to) -> double {
                 if (xs.isEmpty() || random.bounded(8) == 0)
@@ -229,12 +153,8 @@ private slots:
                 const double a = q % 2 ? pick(0.0, 0.3) : pick(0.0, 1.0);
                 const double b = q % 5 == 0 ? a + 299 : q % 2 ? pick(0.6, 1.0) : pick(0.0, 1.0);
                 const bool expected = scannedOverWindow(e.chart, a, b);
-                QVERIFY2(e.engine.IsXRangeOverWindow(a, b) == expected,
-                    qPrintable(QStringLiteral("round %1 (%2 readings) %3..%4")
-                                   .arg(round)
-                                   .arg(count)
-                                   .arg(a)
-                                   .arg(b)));
+                const QString at = QStringLiteral("round %1: %2..%3").arg(round).arg(a).arg(b);
+                QVERIFY2(e.engine.IsXRangeOverWindow(a, b) == expected, qPrintable(at));
                 overCount += expected;
                 ++compared;
             }
@@ -256,21 +176,6 @@ private slots:
         // Both answers occur often enough for the comparison to mean something.
         QVERIFY(overCount > 500);
         QVERIFY(compared - overCount > 500);
-    }
-
-    void outOfOrderSeriesIsScanned()
-    {
-        Engine e;
-        QList<double> xs;
-        for (int i = 0; i < 400; ++i)
-            xs << i;
-        e.setReadings(xs);
-        QVERIFY(e.engine.IsXRangeOverWindow(0.0, 400.0));
-        // A reading far ahead early on: a binary search would stop before it.
-        e.chart.setX(1, 2, 1000.0);
-        e.engine.SeriesReplaced();
-        QCOMPARE(e.engine.IsXRangeOverWindow(0.5, 400.0), scannedOverWindow(e.chart, 0.5, 400.0));
-        QVERIFY(!e.engine.IsXRangeOverWindow(0.5, 400.0));
     }
 };
 TALAVEX_TEST(TestAxisWindow)

@@ -1,60 +1,40 @@
+#include "support/BarPaint.h"
+#include "support/ModalDriver.h"
+#include "support/ParametersRig.h"
 #include "support/TestRegistry.h"
 #include "support/WindowRig.h"
 
+#include "app/SettingsFileIO.h"
+#include "base/ViewModel.h"
+#include "ui/ControlTesterDialog.h"
+#include "ui/DemoWindowHost.h"
+#include "ui/IRSystemWidget.h"
+#include "ui/ModelBinder.h"
+#include "ui/ProgramParametersDialog.h"
+#include "ui/QtSerialPort.h"
+#include "ui/SplashWindow.h"
 #include "ui/StoredPointsWindow.h"
 #include "ui/SystemStatusWindow.h"
+#include "ui/TempBarSettingsDialog.h"
+#include "ui/TempBarWindow.h"
+#include "ui/TempBarWindowHost.h"
 
-#include <QAction>
-#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
-#include <QTest>
-#include <QWindow>
-#include <algorithm>
+#include <QSlider>
+#include <memory>
+#include <stdexcept>
 
-namespace {
-// Chooses a menu command with the keyboard alone, as an operator does: Alt and the access key of
-// its menu on the bar, Down to it (Right into a submenu on the way), Enter. The keys go to the
-// main window's native window, which hands them to the open menu as it does on a desktop.
-void chooseByKeyboard(QMainWindow& window, QAction* command)
-{
-    QList<QMenu*> path; // from the menu bar down to the command's menu
-    for (QAction* a = command; !path.size() || path.front()->parent() != window.menuBar();) {
-        const QObjectList owners = a->associatedObjects();
-        auto menu = std::find_if(owners.begin(), owners.end(), [](QObject* o) {
-            return qobject_cast<QMenu*>(o) && !static_cast<QMenu*>(o)->title().isEmpty();
-        });
-        QVERIFY(menu != owners.end());
-        path.prepend(static_cast<QMenu*>(*menu));
-        a = path.front()->menuAction();
-    }
-    QWindow* w = window.windowHandle();
-    const QString title = path.front()->title();
-    QTest::keyClick(w, Qt::Key(title.at(title.indexOf('&') + 1).unicode()), Qt::AltModifier);
-    for (int i = 0; i < path.size(); ++i) {
-        QAction* next = i + 1 < path.size() ? path[i + 1]->menuAction() : command;
-        for (int n = 0; path[i]->activeAction() != next && n < 20; ++n)
-            QTest::keyClick(w, Qt::Key_Down);
-        QCOMPARE(path[i]->activeAction(), next);
-        QTest::keyClick(w, i + 1 < path.size() ? Qt::Key_Right : Qt::Key_Return);
-    }
-    QCoreApplication::processEvents();
-}
-} // namespace
-
+// The main window and the windows it opens, and the binding of models to windows.
 class TestMainWindow : public QObject {
     Q_OBJECT
-
 private slots:
-    void resetChartStartsHidden()
-    {
-        WindowRig f;
-        QVERIFY(f.window.findChild<QPushButton*>("cmdResetChart")->isHidden());
-    }
-
     void checkableCommandsByKeyboard_data()
     {
         QTest::addColumn<QString>("name");
@@ -63,99 +43,273 @@ private slots:
             if (a->isCheckable())
                 QTest::newRow(qPrintable(a->objectName())) << a->objectName();
     }
-    // A command chosen by keyboard leaves the check mark a click leaves, and the menu shows it.
+    // A command chosen by keyboard leaves the check mark a click leaves, and the model's.
     void checkableCommandsByKeyboard()
     {
         QFETCH(QString, name);
         const QByteArray command = name.toLatin1();
-        bool checked;
-        {
-            WindowRig f;
-            QCoreApplication::processEvents();
-            chooseByKeyboard(f.window, f.action(command));
-            checked = f.action(command)->isChecked();
-            QCOMPARE(checked, f.app().main.control(name)->checked());
-        }
-        WindowRig f;
-        f.trigger(command);
-        QCOMPARE(checked, f.action(command)->isChecked());
+        WindowRig byClick;
+        WindowRig byKey; // the active window
+        byKey.chooseByKeyboard(byKey.find(command));
+        byClick.trigger(command);
+        QCOMPARE(byKey.find(command)->isChecked(), byClick.find(command)->isChecked());
+        QCOMPARE(byKey.find(command)->isChecked(), byKey.app.main.control(name)->checked());
     }
-
-    // AUTO SCALE Y AXIS and APPEARANCE SELECT share the access key A: the first press selects
-    // the one, the second opens the other.
-    void sharedAccessKeyReachesBoth()
-    {
-        WindowRig f;
-        QWindow* w = f.window.windowHandle();
-        QTest::keyClick(w, Qt::Key_C, Qt::AltModifier);
-        QTest::keyClick(w, Qt::Key_A);
-        QCOMPARE(f.window.findChild<QMenu*>("mnuCharting")->activeAction(),
-            f.action("mnuAutoScaleYAxis"));
-        QTest::keyClick(w, Qt::Key_A);
-        QCOMPARE(
-            QApplication::activePopupWidget(), f.window.findChild<QMenu*>("mnuChartAppSelect"));
-        QVERIFY(f.action("mnuAutoScaleYAxis")->isChecked());
-    }
-
+    // Sensing from the menu: the status window closes at the first character, the readings show,
+    // the same command stops, and closing the main window writes the settings.
     void sensingFromTheMenu()
     {
         WindowRig f;
+        f.trigger("mnuViewSystemStatus");
+        QVERIFY(f.window.systemStatusWindow()->isVisible() && f.app.state.SystemStatusVisible);
         f.trigger("mnuSenseTemperature");
-        QVERIFY(f.action("mnuSenseTemperature")->isChecked());
-        QVERIFY(!f.window.findChild<QMenu*>("mnuFile")->menuAction()->isEnabled());
-        QVERIFY(!f.action("mnuSystemSetup")->isEnabled());
-        f.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  90\x07");
-        QCoreApplication::processEvents();
-        auto* reading = f.window.findChild<QLabel*>("lblCurrentTemp");
+        QVERIFY(f.find("mnuSenseTemperature")->isChecked() && f.port.isOpen());
+        QVERIFY(!f.find<QMenu>("mnuFile")->menuAction()->isEnabled());
+        f.feed(WindowRig::parameters() + "  90\x07");
+        QVERIFY(!f.window.systemStatusWindow()->isVisible() && !f.app.state.SystemStatusVisible);
+        QVERIFY(!f.find("mnuViewSystemStatus")->isChecked());
+        auto* reading = f.find<QLabel>("lblCurrentTemp");
         QTRY_COMPARE(reading->text(), QStringLiteral("90"));
         QCOMPARE(reading->palette().color(QPalette::WindowText), QColor(Qt::red));
-        QCOMPARE(f.window.findChild<QLabel*>("lblSystParameters_2")->text(), QStringLiteral("1"));
-        // The same command again stops: the check mark goes, the menus come back.
         f.trigger("mnuSenseTemperature");
-        QVERIFY(!f.action("mnuSenseTemperature")->isChecked());
-        QVERIFY(f.window.findChild<QMenu*>("mnuFile")->menuAction()->isEnabled());
-        QVERIFY(reading->text().isEmpty());
+        QVERIFY(!f.find("mnuSenseTemperature")->isChecked() && !f.port.isOpen());
+        QVERIFY(f.find<QMenu>("mnuFile")->menuAction()->isEnabled() && reading->text().isEmpty());
+        const QString settings = f.dir.filePath(QString::fromLatin1(SettingsFileIO::FileName));
+        QVERIFY(!QFile::exists(settings));
+        f.window.close();
+        QVERIFY(QFile::exists(settings));
     }
-
+    // The download window collects the readings; closing it ends the download mode.
     void downloadWindow()
     {
         WindowRig f;
         f.trigger("mnuDownloadData");
         StoredPointsWindow* window = f.window.storedPointsWindow();
-        QVERIFY(window && window->isVisible());
-        window->findChild<QPushButton*>("cmdStartDownload")->click();
-        QCoreApplication::processEvents();
-        QCOMPARE(window->findChild<QPushButton*>("cmdStartDownload")->text(),
-            QStringLiteral("STOP RECEIVING"));
-        f.rig.feed("#001   75   DEG F\x07\x07");
-        QCoreApplication::processEvents();
-        const QString text
-            = window->findChild<QPlainTextEdit*>("txtDataPointsDisplay")->toPlainText();
-        QVERIFY(text.contains(QStringLiteral("\t#001\t75\tDEG F")));
-        QVERIFY(text.contains(QStringLiteral("EMPTY LOCATION - NO DATA.")));
-        // Closing the window ends the download mode.
+        auto* start = f.find<QPushButton>("cmdStartDownload", window);
+        start->click();
+        QCOMPARE(start->text(), QStringLiteral("STOP RECEIVING"));
+        f.feed("#001   75   DEG F\x07\x07");
+        QCOMPARE(f.find<QPlainTextEdit>("txtDataPointsDisplay", window)->toPlainText(),
+            QStringLiteral("\n\t#001\t75\tDEG F\n\nEMPTY LOCATION - NO DATA.\n"));
         window->close();
         QCoreApplication::processEvents();
-        QVERIFY(!f.action("mnuDownloadData")->isChecked());
-        QVERIFY(!f.rig.port.isOpen());
-        QVERIFY(f.action("mnuSenseTemperature")->isEnabled());
+        QVERIFY(!f.find("mnuDownloadData")->isChecked() && !f.port.isOpen());
+        QVERIFY(f.find("mnuSenseTemperature")->isEnabled());
     }
-
-    void systemStatusWindow()
+    // Readings fill the bar's column and bulb, or leave the bulb an empty outline; a refusal in
+    // its settings puts the focus back at once; Enter accepts; closing the window stops its feed.
+    void barWindow()
     {
         WindowRig f;
-        f.trigger("mnuViewSystemStatus");
-        QVERIFY(f.window.systemStatusWindow()->isVisible());
-        QVERIFY(f.rig.app().state.SystemStatusVisible);
-        QVERIFY(f.action("mnuViewSystemStatus")->isChecked());
-        // Sensing scans for the instrument; the first character closes the window.
+        f.trigger("mnuViewTempBar");
+        TempBarWindow* bar = f.window.tempBarWindows()->window();
+        QVERIFY(bar->isVisible() && f.find("mnuViewTempBar")->isChecked());
+        bar->resize(400, 900);
+        TempBarWidget& widget = *bar->barWidget();
+        using barpaint::shows;
+        // Low in the bulb, below the column's foot; the bulb's left edge.
+        const double inBulb = TempBar::BarBottom + 240, edge = barpaint::Column - 205;
+        const QColor outline = barpaint::paintedAt(widget, edge, TempBar::BarBottom + 80);
+        QVERIFY(shows(widget, inBulb, Qt::black) && !barpaint::near(outline, QColor(Qt::black)));
         f.trigger("mnuSenseTemperature");
-        QCOMPARE(f.rig.app().irSystem.GetCurrentState(), qint16(2));
-        f.rig.feed(" ");
+        f.feed(WindowRig::parameters() + "  50\x07");
+        // 50 of 0..100: green up to the middle and in the bulb, the dark tube above.
+        QVERIFY(shows(widget, inBulb, Qt::green) && shows(widget, 3000, Qt::green));
+        QVERIFY(shows(widget, 1500, Qt::black));
+        f.feed("  95\x07");
+        QVERIFY(shows(widget, 1500, Qt::red));
+        f.feed("  -5\x07");
+        QVERIFY(shows(widget, inBulb, Qt::black));
+        QCOMPARE(barpaint::paintedAt(widget, edge, TempBar::BarBottom + 80), outline);
+        QString focused;
+        ModalDriver<TempBarSettingsDialog> driver([&](TempBarSettingsDialog* dialog) {
+            auto edit = [&](const char* name, const char* text) {
+                auto* box = f.find<QLineEdit>(name, dialog);
+                box->setText(QString::fromLatin1(text));
+                emit box->textEdited(box->text());
+                return box;
+            };
+            edit("txtLowLimit", "cold");
+            f.find<QPushButton>("cmdAccept", dialog)->click();
+            if (dialog->isVisible() && dialog->focusWidget())
+                focused = dialog->focusWidget()->objectName();
+            edit("txtLowLimit", "25");
+            QTest::keyClick(edit("txtMaxTemp", "250"), Qt::Key_Return);
+        });
+        f.trigger("mnuConfigure", bar);
+        QCOMPARE(f.prompter.titles(), QStringList({ "HIGH ALARM LIMIT ERROR" }));
+        QCOMPARE(focused, QStringLiteral("txtLowLimit"));
+        QCOMPARE(f.app.state.SettingsValues.tempBarMax.text, QStringLiteral("250"));
+        bar->close();
         QCoreApplication::processEvents();
-        QVERIFY(!f.window.systemStatusWindow()->isVisible());
-        QVERIFY(!f.rig.app().state.SystemStatusVisible);
-        QVERIFY(!f.action("mnuViewSystemStatus")->isChecked());
+        QVERIFY(!f.app.state.TempBarVisible && !f.find("mnuViewTempBar")->isChecked());
+        const int top = f.app.bar.indicatorTop();
+        f.feed("  20\x07");
+        QCOMPARE(f.app.bar.indicatorTop(), top);
+    }
+    // DEMO CONTROLS: the control tester opens beside the bar, with the status window, and moves
+    // the bar by hand; closed, it leaves the bar empty with its alarm colours, the line unopened.
+    // The splash stays after its blinks until clicked, then goes.
+    void demoControls()
+    {
+        WindowRig f;
+        QList<bool> seen;
+        ModalDriver<ControlTesterDialog> driver([&](ControlTesterDialog* tester) {
+            TempBarWindow* bar = f.window.tempBarWindows()->window();
+            auto paints
+                = [&](Qt::GlobalColor c) { return barpaint::shows(*bar->barWidget(), 2000, c); };
+            seen << f.window.systemStatusWindow()->isVisible()
+                 << !tester->frameGeometry().intersects(bar->frameGeometry()) << paints(Qt::black);
+            f.find<QSlider>("sldReading", tester)->setValue(75);
+            QCoreApplication::processEvents();
+            seen << (f.app.bar.indicatorTop() == TempBar::BarBottom - TempBar::FullHeight * 3 / 4)
+                 << paints(Qt::green);
+            f.find<QCheckBox>("chkAlarmLimits", tester)->click();
+            seen << paints(Qt::cyan);
+            f.find<QPushButton>("cmdClose", tester)->click();
+        });
+        f.trigger("mnuControlTester");
+        QCOMPARE(seen, QList<bool>(6, true));
+        QVERIFY(f.find("mnuViewTempBar")->isChecked() && f.app.bar.IsAlarmOn());
+        QCOMPARE(
+            QList<int>({ f.app.bar.indicatorHeight(), f.port.openCount }), QList<int>({ 0, 0 }));
+        f.trigger("mnuSplash");
+        QPointer<SplashWindow> splash = f.window.demoWindows()->splash();
+        for (int tick = 0; tick < 2 * SplashWindow::BlinkTicks; ++tick)
+            splash->tmrBlink_Timer();
+        QVERIFY(splash->isVisible());
+        QTest::mouseClick(splash, Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(splash.isNull());
+    }
+    // Every state of the link looks different; a new state repaints the whole picture, a step
+    // of its animation only the part that moves.
+    void everyLinkStateLooksDifferent()
+    {
+        IRSystem system;
+        IRSystemWidget widget;
+        widget.setModel(&system);
+        widget.resize(320, 160);
+        widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        PaintLog log;
+        widget.installEventFilter(&log);
+        QList<QImage> frames { widget.grab().toImage() };
+        for (auto state : { &IRSystem::SenseTemperature, &IRSystem::ScanForIrSystem,
+                 &IRSystem::DownloadIRData }) {
+            QCoreApplication::processEvents();
+            log.areas.clear();
+            (system.*state)();
+            QCoreApplication::processEvents();
+            QVERIFY(log.areas.contains(320 * 160));
+            system.tmrCompGraphics_Timer();
+            QCoreApplication::processEvents();
+            log.areas.clear();
+            system.tmrCompGraphics_Timer();
+            QCoreApplication::processEvents();
+            QVERIFY(!log.areas.isEmpty()
+                && *std::max_element(log.areas.begin(), log.areas.end()) < 320 * 160 / 2);
+            QVERIFY(!frames.contains(widget.grab().toImage()));
+            frames << widget.grab().toImage();
+        }
+    }
+    // Showing the program parameters picks nothing; the operator's pick of a port applies it,
+    // and a typed device is bound to that port and written to the port file.
+    void parametersDialogBindsAPort()
+    {
+        ParametersRig rig(&QtSerialPort::forDevice);
+        ProgramParametersDialog dialog(rig.model, rig.controller);
+        rig.state.CommPortNumber = 5;
+        rig.port.opened = true;
+        dialog.show();
+        QCOMPARE(QList<int>({ rig.state.CommPortNumber, rig.port.number }), QList<int>({ 5, 1 }));
+        auto* ports = dialog.findChild<QComboBox*>(QStringLiteral("comCommPort"));
+        ports->setFocus();
+        QTest::keyClick(ports, Qt::Key_Down);
+        QCOMPARE(ports->currentText(), QStringLiteral("COM 2"));
+        QCOMPARE(QList<int>({ rig.state.CommPortNumber, rig.port.number, rig.port.opened }),
+            QList<int>({ 2, 2, 0 }));
+        QLineEdit* device = dialog.findChild<QComboBox*>(QStringLiteral("comDevice"))->lineEdit();
+        QCOMPARE(device->text(), QStringLiteral("/dev/ttyS1"));
+        device->selectAll();
+        QTest::keyClicks(device, QStringLiteral("/dev/ttyUSB7"));
+        QTest::keyClick(device, Qt::Key_Return);
+        QCOMPARE(rig.ports.device(2), QStringLiteral("/dev/ttyUSB7"));
+        QCOMPARE(rig.portFile(), QByteArray("/dev/ttyS0\r\n/dev/ttyUSB7\r\n"));
+        QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
+        QVERIFY(!dialog.isVisible() && dialog.result() == QDialog::Accepted);
+    }
+    // A change shows the controls that changed and leaves the others alone; a change of the
+    // model as a whole shows everything again. A throttled read-out shows the first change at
+    // once and the newest of a quick series when its time is up, holding no other control back.
+    void showsWhatChanged()
+    {
+        ViewModel model;
+        Control reading(&model, "lblReading", "0"), status(&model, "lblStatus", "IDLE");
+        QWidget view;
+        QLabel* shown[] = { new QLabel(&view), new QLabel(&view) };
+        shown[0]->setObjectName("lblReading");
+        shown[1]->setObjectName("lblStatus");
+        ModelBinder binder(model, view);
+        const int throttle = 1500;
+        binder.throttle({ QStringLiteral("lblReading") }, throttle);
+        QCOMPARE(shown[0]->text(), QStringLiteral("0"));
+        shown[0]->setText(QStringLiteral("scribbled"));
+        status.setCaption(QStringLiteral("SENSING"));
+        status.setForeColor(0xFF0000);
+        QCoreApplication::processEvents();
+        QCOMPARE(shown[1]->text() + ' ' + shown[0]->text(), QStringLiteral("SENSING scribbled"));
+        QCOMPARE(shown[1]->palette().color(QPalette::WindowText), QColor(Qt::red));
+        QElapsedTimer clock;
+        clock.start();
+        reading.setCaption(QStringLiteral("71"));
+        QCoreApplication::processEvents();
+        QCOMPARE(shown[0]->text(), QStringLiteral("71"));
+        reading.setCaption(QStringLiteral("72"));
+        QCoreApplication::processEvents();
+        reading.setCaption(QStringLiteral("73"));
+        status.setCaption(QStringLiteral("IDLE"));
+        QCoreApplication::processEvents();
+        QCOMPARE(shown[1]->text(), QStringLiteral("IDLE"));
+        if (clock.elapsed() < throttle) // unless this machine took all that time to get here
+            QCOMPARE(shown[0]->text(), QStringLiteral("71"));
+        QTRY_COMPARE_WITH_TIMEOUT(shown[0]->text(), QStringLiteral("73"), 10000);
+        shown[0]->setText(QStringLiteral("scribbled"));
+        model.markDirty();
+        QCoreApplication::processEvents();
+        QCOMPARE(shown[0]->text(), QStringLiteral("73"));
+    }
+    // A name that matches nothing fails the binding, named: a control with no widget, a handler
+    // with no widget, a command with no handler, and a caption both the model and the form give.
+    void misnamedBindingFails_data()
+    {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("handler");
+        QTest::addColumn<QString>("named");
+        const QString sense = "mnuSenseTemperature", misspelt = "mnuSenseTemprature";
+        QTest::newRow("control") << misspelt << QString() << sense << misspelt;
+        QTest::newRow("handler") << QStringLiteral("lblCurrentTemp") << QString() << misspelt
+                                 << misspelt;
+        QTest::newRow("no handler") << sense << QString() << QString() << sense;
+        QTest::newRow("caption twice") << sense << QStringLiteral("SENSE") << sense << sense;
+    }
+    void misnamedBindingFails()
+    {
+        QFETCH(QString, control);
+        QFETCH(QString, caption);
+        QFETCH(QString, handler);
+        QFETCH(QString, named);
+        WindowRig f;
+        ViewModel model;
+        const auto c = caption.isNull() ? std::make_unique<Control>(&model, control)
+                                        : std::make_unique<Control>(&model, control, caption);
+        ModelBinder binder(model, f.window);
+        if (!handler.isEmpty())
+            binder.onTriggered(handler, [] {});
+        QCOMPARE(binder.problems().size(), 1);
+        QVERIFY2(binder.problems()[0].startsWith(named + ':'), qPrintable(binder.problems()[0]));
+        QVERIFY_THROWS_EXCEPTION(std::logic_error, binder.check());
     }
 };
 TALAVEX_TEST(TestMainWindow)

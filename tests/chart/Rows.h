@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QTest>
+
+// Tables one row a line: the line is the row's name and data, fields apart at " | ", the first
+// naming the case.
+namespace rows {
+inline void add(std::initializer_list<const char*> lines)
+{
+    QTest::addColumn<QString>("row");
+    for (const char* line : lines)
+        QTest::newRow(line) << QString::fromUtf8(line);
+}
+// The current row's fields after its name.
+inline QStringList fields()
+{
+    QFETCH(QString, row);
+    return row.split(QStringLiteral(" | ")).mid(1);
+}
+// Numbers apart at commas or blanks; "-" is none (NaN).
+inline QList<double> numbers(QString text)
+{
+    QList<double> out;
+    for (const QString& n : text.replace(',', ' ').split(' ', Qt::SkipEmptyParts))
+        out << (n == QLatin1String("-") ? qQNaN() : n.toDouble());
+    return out;
+}
+} // namespace rows
