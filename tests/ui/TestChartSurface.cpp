@@ -8,7 +8,6 @@
 #include "ui/QCustomPlotSurface.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -91,17 +90,6 @@ std::vector<QPointF> sortedByX(std::vector<QPointF> points)
 class TestChartSurface : public QObject {
     Q_OBJECT
 private slots:
-    void designTimeAppearance()
-    {
-        PlotRig rig;
-        QCOMPARE(rig.surface.axisTitle(Axis::X), QString("SECONDS"));
-        QCOMPARE(rig.surface.axisTitle(Axis::Y), QString("TEMPERATURE"));
-        QCOMPARE(rig.surface.timeFormat(), QString("%H:%M:%S"));
-        QCOMPARE(rig.surface.seriesCount(), 3);
-        QCOMPARE(rig.plot.graphCount(), 3);
-        QVERIFY(!rig.surface.marker()->visible());
-    }
-
     void readingsAppearInGraph()
     {
         PlotRig rig;
@@ -226,39 +214,6 @@ private slots:
         const int drawings = replots.count() + parts.count();
         QVERIFY2(drawings <= 2, qPrintable(QString::number(drawings)));
         QCOMPARE(rig.surface.graph(1)->data()->size(), 2000);
-    }
-
-    // Points alone wait for the live spacing after a replot; a change of the view does not, and
-    // a reading after a quiet spell is drawn straight away.
-    void liveSpacing()
-    {
-        PlotRig rig;
-        QTRY_VERIFY(!rig.surface.redrawPending());
-        QTest::qWait(QCustomPlotSurface::LiveMs + 50);
-        rig.surface.setPointCount(1, 3);
-        rig.surface.setX(1, 1, 1);
-        rig.surface.setY(1, 1, 1);
-        QCOMPARE(rig.surface.msUntilRedraw(), 0); // at the next pass of the event loop
-
-        int pointsWait = -2;
-        int viewWait = -2;
-        QMetaObject::Connection once;
-        const auto firstDrawing = [&] {
-            disconnect(once);
-            rig.surface.setY(1, 1, 5);
-            pointsWait = rig.surface.msUntilRedraw();
-            rig.surface.setAxisMax(Axis::Y, 200);
-            viewWait = rig.surface.msUntilRedraw();
-        };
-        if (ChartPlot::drawsInPart())
-            once = connect(&rig.plot, &ChartPlot::areaRedrawn, this, firstDrawing);
-        else
-            once = connect(&rig.plot, &QCustomPlot::afterReplot, this, firstDrawing);
-        QTRY_VERIFY(viewWait != -2);
-        QVERIFY2(pointsWait > QCustomPlotSurface::FrameMs, qPrintable(QString::number(pointsWait)));
-        QVERIFY2(viewWait <= QCustomPlotSurface::FrameMs, qPrintable(QString::number(viewWait)));
-        QTRY_VERIFY(!rig.surface.redrawPending());
-        QCOMPARE(rig.plot.yAxis->range().upper, 200.0);
     }
 
     // Readings added at the end of the line are drawn by redrawing their area alone, which must
@@ -475,23 +430,6 @@ private slots:
             QVERIFY2(picture.match(label).hasMatch(), qPrintable(label));
     }
 
-    void axisLimitsKeptAsSet()
-    {
-        PlotRig rig;
-        rig.surface.setAxisMin(Axis::X, 0);
-        rig.surface.setAxisMax(Axis::X, 60);
-        rig.surface.setAxisMin(Axis::X, 100);
-        QCOMPARE(rig.surface.axisMin(Axis::X), 100.0);
-        QCOMPARE(rig.surface.axisMax(Axis::X), 60.0);
-        QCOMPARE(rig.plot.xAxis->range(), QCPRange(60, 100));
-        rig.surface.setAxisMax(Axis::X, 200);
-        QCOMPARE(rig.plot.xAxis->range(), QCPRange(100, 200));
-        // A range moved on the plot itself is what the surface reports.
-        rig.plot.yAxis->setRange(-5, 5);
-        QCOMPARE(rig.surface.axisMin(Axis::Y), -5.0);
-        QCOMPARE(rig.surface.axisMax(Axis::Y), 5.0);
-    }
-
     void markerAndPixels()
     {
         PlotRig rig;
@@ -509,16 +447,6 @@ private slots:
         const QPointF data = rig.surface.pixelToData(pixel);
         QVERIFY(qAbs(data.x() - 30) < 1e-9);
         QVERIFY(qAbs(data.y() - 40) < 1e-9);
-    }
-
-    void copyToClipboard()
-    {
-        PlotRig rig;
-        QGuiApplication::clipboard()->clear();
-        rig.surface.copyToClipboard();
-        const QImage image = QGuiApplication::clipboard()->image();
-        QVERIFY(!image.isNull());
-        QCOMPARE(image.size(), rig.plot.size());
     }
 };
 TALAVEX_TEST(TestChartSurface)
