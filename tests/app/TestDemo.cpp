@@ -163,6 +163,7 @@ private slots:
         QVERIFY(!a.demo.sweeping() && !a.state.TempBarVisible);
         a.demo.mnuTestFunction_Click(); // acquisition takes the bar over, and the menus are shut
         d.rig.startSensing();
+        QCoreApplication::processEvents();
         QVERIFY(!a.demo.sweeping());
         d.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
         a.demo.tmrSweep_Timer();

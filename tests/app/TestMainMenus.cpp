@@ -172,6 +172,7 @@ private slots:
         }
         AppRig rig;
         rig.app().controller.Form_Load();
+        rig.app().main.mnuAutoScaleYAxis.setChecked(false);
         rig.app().controller.mnuAutoScaleYAxis_Click(); // its entry follows at once
         QVERIFY(rig.app().main.mnuAutoScaleYAxis.checked()
             && rig.app().state.SettingsValues.line(17) == "1");
