@@ -172,10 +172,10 @@ private slots:
         }
         AppRig rig;
         rig.app().controller.Form_Load();
-        rig.app().main.mnuAutoScaleYAxis.setChecked(false);
+        rig.app().main.mnuAutoScaleYAxis.setChecked(true);
         rig.app().controller.mnuAutoScaleYAxis_Click(); // its entry follows at once
-        QVERIFY(rig.app().main.mnuAutoScaleYAxis.checked()
-            && rig.app().state.SettingsValues.line(17) == "1");
+        QVERIFY(!rig.app().main.mnuAutoScaleYAxis.checked()
+            && rig.app().state.SettingsValues.line(17) == "0");
         rig.startSensing();
         bool savedBeforeClose = true;
         rig.port.onClose
