@@ -134,19 +134,19 @@ private slots:
         Application& a = d.a;
         a.demo.mnuTestFunction_Click();
         QVERIFY(a.state.TempBarVisible && a.state.SystemStatusVisible);
-        QStringList seen; // the caption and the link state, each time they change
+        QStringList seen; // the caption and the link state at the step each changes
         int ticks = 0;
         for (; a.demo.sweeping() && ticks < 1000; ++ticks, a.demo.tmrSweep_Timer()) {
             const QString look
                 = a.bar.lblTempBar.caption() + ' ' + QString::number(a.irSystem.GetCurrentState());
-            if (seen.isEmpty() || seen.last() != look)
-                seen << look;
+            if (seen.isEmpty() || !seen.last().startsWith(look + '@'))
+                seen << look + '@' + QString::number(ticks);
         }
         QCOMPARE(ticks, DemoController::SweepSteps + 1);
         QCOMPARE(seen,
-            QStringList({ "TEMP. UNDER LIMIT 2", "TEMP. BAR - DEG F 2", "TEMP. BAR - DEG F 1",
-                "GRAPH SATURATED 1", "TEMP. BAR - DEG F 1", "TEMP. BAR - DEG F 3",
-                "TEMP. UNDER LIMIT 3" }));
+            QStringList({ "TEMP. UNDER LIMIT 2@0", "TEMP. BAR - DEG F 2@4",
+                "TEMP. BAR - DEG F 1@20", "GRAPH SATURATED 1@37", "TEMP. BAR - DEG F 1@44",
+                "TEMP. BAR - DEG F 3@60", "TEMP. UNDER LIMIT 3@77" }));
         // Over: the bar empty and steady, the display idle, the windows left open.
         QVERIFY(a.bar.indicatorHeight() == 0 && !a.bar.blinking() && a.state.TempBarVisible
             && a.irSystem.GetCurrentState() == IRSystem::Idle);
@@ -163,6 +163,7 @@ private slots:
         QVERIFY(!a.demo.sweeping() && !a.state.TempBarVisible);
         a.demo.mnuTestFunction_Click(); // acquisition takes the bar over, and the menus are shut
         d.rig.startSensing();
+        QCoreApplication::processEvents();
         QVERIFY(!a.demo.sweeping());
         d.rig.feed(AppRig::parameterBlock("  DEG F", "1", "72") + "  50\x07");
         a.demo.tmrSweep_Timer();

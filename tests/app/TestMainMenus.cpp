@@ -62,6 +62,7 @@ private slots:
         QCOMPARE(QList<int>({ a.state.CommPortNumber, a.state.TimeUnitIndex, rig.port.portNumber(),
                      a.bar.GetMaxTemp(), a.bar.GetLowLimit() }),
             QList<int>({ 2, 1, 2, 300, 40 }));
+        QVERIFY(a.graphSettingsModel.txtMaxY.caption() == "250" && !a.graphSettings.loaded());
         QVERIFY(a.bar.IsAlarmOn()); // entry 15 acts once the bar is shown
         a.tempBarWindow.mnuViewTempBar_Click();
         QVERIFY(!a.bar.IsAlarmOn() && a.state.TempBarVisible && a.main.mnuViewTempBar.checked());
@@ -172,9 +173,10 @@ private slots:
         }
         AppRig rig;
         rig.app().controller.Form_Load();
+        rig.app().main.mnuAutoScaleYAxis.setChecked(true);
         rig.app().controller.mnuAutoScaleYAxis_Click(); // its entry follows at once
-        QVERIFY(rig.app().main.mnuAutoScaleYAxis.checked()
-            && rig.app().state.SettingsValues.line(17) == "1");
+        QVERIFY(!rig.app().main.mnuAutoScaleYAxis.checked()
+            && rig.app().state.SettingsValues.line(17) == "0");
         rig.startSensing();
         bool savedBeforeClose = true;
         rig.port.onClose
