@@ -3,7 +3,7 @@
 #include <QTest>
 
 // Tables one row a line: the line is the row's name and data, fields apart at " | ", the first
-// naming the case.
+// naming the case; numbers in a field apart at commas or blanks, "-" none (NaN).
 namespace rows {
 inline void add(std::initializer_list<const char*> lines)
 {
@@ -17,7 +17,6 @@ inline QStringList fields()
     QFETCH(QString, row);
     return row.split(QStringLiteral(" | ")).mid(1);
 }
-// Numbers apart at commas or blanks; "-" is none (NaN).
 inline QList<double> numbers(QString text)
 {
     QList<double> out;

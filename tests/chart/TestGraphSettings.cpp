@@ -5,6 +5,7 @@
 #include "Rows.h"
 
 #include "chart/ChartPanel.h"
+#include "chart/ChartSummary.h"
 #include "chart/GraphSettingsController.h"
 #include "chart/GraphSettingsModel.h"
 #include "chart/TwoPointMeasure.h"
@@ -15,8 +16,7 @@ namespace {
 using Axis = ChartSurface::Axis;
 using Panel = GraphSettingsController;
 
-// The panel loaded over a chart at X 10..110, Y 0..100, every box it shows recorded. (Values it
-// takes are tried on the whole application in TestChartCommands.)
+// The panel loaded over a chart at X 10..110, Y 0..100, every box it shows recorded.
 struct Rig : EngineRig<> {
     GraphSettingsModel model;
     FakePrompter prompter;
@@ -46,7 +46,7 @@ struct Rig : EngineRig<> {
 } // namespace
 
 // The graph settings panel's refusals and step rule on an in-memory chart, the two-point
-// measurement and when the engine refreshes the panel.
+// measurement, the summary of the readings and when the engine refreshes the panel.
 class TestGraphSettings : public QObject {
     Q_OBJECT
 private slots:
@@ -79,10 +79,6 @@ private slots:
             : b == "txtMinY" ? rig.panel.txtMinY_KeyPress(enter)
                              : rig.panel.txtMaxY_KeyPress(enter);
         rig.refused(f[0], f[2]);
-        // Another key in the box does nothing.
-        rig.prompter.clear();
-        rig.panel.txtMaxX_KeyPress('a');
-        QVERIFY(rig.prompter.shown.empty());
     }
 
     // Min X, max X, min Y, max Y typed | the box given the focus | the message.
@@ -145,8 +141,7 @@ private slots:
             "heating, minutes | 1 30 | 3 | 0 90 | MINUTES | 2.00;60.00;30.00",
             "heating, hours | 0 30 | 0.5 | 0 90 | HOURS | 0.50;60.00;2.00",
             "heating, days | 0 0 | 1 | 0 1440 | DAYS | 1.00;1440.00;1.00",
-            "an operator's title: seconds | 0 0 | 60 | 0 5 | ELAPSED | 60.00;5.00;5.00",
-            "lower case is no unit | 0 0 | 60 | 0 5 | hours | 60.00;5.00;5.00",
+            "another title: seconds | 0 0 | 60 | 0 5 | hours | 60.00;5.00;5.00",
             "cooling | 0 200 | 30 | 0 150 | SECONDS | 30.00;-50.00;-100.00",
             "cursor left of the pin | 60 100 | 0 | 0 40 | SECONDS | -60.00;-60.00;60.00",
             "below zero | 0 -20 | 60 | 0 -35.5 | SECONDS | 60.00;-15.50;-15.50",
@@ -162,6 +157,18 @@ private slots:
         const TwoPointTexts t = TwoPointMeasure(QPointF(v[0], v[1]), v[2],
             CursorPoint { CursorPoint::Kind(int(v[3])), v[4] }, MinutesPerTimeUnit(f[3]));
         QCOMPARE(QStringList({ t.deltaTime, t.deltaTemp, t.rate }).join(QLatin1Char(';')), f[4]);
+    }
+
+    // The summary shown by SEARCH FOR IR: empty points skipped, the first of equal extremes told.
+    void summary()
+    {
+        EngineRig<> rig;
+        QCOMPARE(ChartSummary::of(rig.chart, 1).meanY, 0.0); // none: no division
+        rig.plot({ { 1, 5 }, { 2, 9 }, { 3, GraphingFunctions::EmptyPoint }, { 4, 5 }, { 5, 9 } });
+        const ChartSummary s = ChartSummary::of(rig.chart, 1);
+        QCOMPARE(QList<double>({ double(s.count), s.firstX, s.lastX, s.minY, s.minX, s.maxY, s.maxX,
+                     s.meanY }),
+            QList<double>({ 4, 1, 5, 5, 1, 9, 2, 7 }));
     }
 
     // Panel open | Y scaling | readings | refreshes of a panel registered with the engine.
