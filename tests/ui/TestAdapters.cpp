@@ -81,6 +81,8 @@ private slots:
         row("save: cancelled", true, "*.xlsx;*.xls",
             "Spreadsheet files (*.xlsx *.xls)|All files (*)", "RUN", "");
         row("open", false, "", "All files (*)", "OLD RUN.txt", "OLD RUN.txt");
+        row("open: unknown", false, "*.abc", "ABC files (*.abc)|All files (*)", "OLD RUN.txt",
+            "OLD RUN.txt");
     }
     void fileChooser()
     {

@@ -137,8 +137,7 @@ private slots:
         QTest::newRow("standard") << "" << int(S::Standard);
         QTest::newRow("scope") << "mnuScopeChart" << int(S::Scope);
         QTest::newRow("plain") << "mnuPlainChart" << int(S::Plain);
-        QTest::newRow("plain, scope again, standard")
-            << "mnuPlainChart mnuScopeChart mnuScopeChart" << int(S::Standard);
+        QTest::newRow("plain, standard") << "mnuPlainChart mnuStandardChart" << int(S::Standard);
     }
     // The scheme chosen from the menu colours the plot, and the limit lines stand out on each:
     // a contrast ratio of their relative luminances of 3 at least.

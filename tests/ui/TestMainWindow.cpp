@@ -179,6 +179,7 @@ private slots:
             splash->tmrBlink_Timer();
         QVERIFY(splash->isVisible());
         QTest::mouseClick(splash, Qt::LeftButton);
+        QVERIFY(!splash->isVisible());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(splash.isNull());
     }
@@ -289,8 +290,7 @@ private slots:
         QTest::addColumn<QString>("named");
         const QString sense = "mnuSenseTemperature", misspelt = "mnuSenseTemprature";
         QTest::newRow("control") << misspelt << QString() << sense << misspelt;
-        QTest::newRow("handler") << QStringLiteral("lblCurrentTemp") << QString() << misspelt
-                                 << misspelt;
+        QTest::newRow("handler") << QString("lblCurrentTemp") << QString() << misspelt << misspelt;
         QTest::newRow("no handler") << sense << QString() << QString() << sense;
         QTest::newRow("caption twice") << sense << QStringLiteral("SENSE") << sense << sense;
     }

@@ -40,7 +40,6 @@ private slots:
         PortMap map;
         QtSerialPort port(map);
         if (how == QLatin1String("missing")) {
-            // The port number stands for its device, or for the one given for this run.
             map.setDevice(2, QStringLiteral("/dev/ttyUSB5"));
             port.setPortNumber(2);
             QCOMPARE(port.deviceName(), QStringLiteral("/dev/ttyUSB5"));
