@@ -297,8 +297,13 @@ private slots:
         if (extras == QLatin1String("symbols"))
             rig.surface.graph(1)->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCircle, 7));
         rig.plot.show();
+        // The window settles (exposed, its resize and queued replots done) before the readings
+        // come, or a late resize would rightly force a replot.
+        QVERIFY(QTest::qWaitForWindowExposed(&rig.plot));
+        QCoreApplication::processEvents();
         QTRY_VERIFY(!rig.surface.redrawPending());
         rig.draw();
+        QCoreApplication::processEvents();
         QSignalSpy replots(&rig.plot, &QCustomPlot::afterReplot);
         QSignalSpy parts(&rig.plot, &ChartPlot::areaRedrawn);
 
