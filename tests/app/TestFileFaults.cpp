@@ -165,6 +165,42 @@ private slots:
         const QStringList lines = box.text.split(QStringLiteral("\r\n"));
         QVERIFY2(lines.contains(path) && box.text.contains(why), qPrintable(box.text));
     }
+    // The disk fills in the middle of a run: each file is told once, with the system's reason,
+    // readings go on being plotted while a box is open, and No goes on with the chart only.
+    void diskFillingMidRunIsTold()
+    {
+        AppRig rig;
+        Application& a = rig.app();
+        SmallDisk disk(rig.dir.path());
+        if (!disk.why.isEmpty())
+            QSKIP(qPrintable(disk.why));
+        a.state.Instrument.interval = SamplingInterval(QStringLiteral("1"));
+        rig.prompter.answers = { Prompter::Answer::No, Prompter::Answer::No };
+        int plottedUnderBoxes = 0;
+        rig.prompter.onShow = [&](const Prompter::Message&) {
+            const int before = rig.chart.pointCount(1);
+            rig.feed("  83\x07");
+            plottedUnderBoxes += rig.chart.pointCount(1) - before;
+        };
+        rig.startSensing();
+        rig.feed("  80\x07");
+        disk.fill();
+        for (int i = 0; i < 2000; ++i) // more than the slack of the files' last pages
+            rig.feed("  81\x07");
+        QCoreApplication::processEvents();
+        QStringList told;
+        for (const Prompter::Message& box : rig.prompter.messages()) {
+            const QStringList lines = box.text.split(QStringLiteral("\r\n"));
+            QVERIFY2(box.title == "DATA FILE NOT WRITTEN" && lines.size() > 2
+                    && lines.at(2) == "No space left on device",
+                qPrintable(box.text));
+            told << QFileInfo(lines.at(1)).fileName();
+        }
+        QCOMPARE(told, QStringList({ "LAST_OBTAINED_DATA_PTS.dat", "datatemp.dat" }));
+        QCOMPARE(plottedUnderBoxes, 2);
+        QVERIFY(a.main.mnuSenseTemperature.checked());
+        QCOMPARE(rig.chart.pointCount(1) - 1, 2003);
+    }
 };
 TALAVEX_TEST(TestFileFaults)
 #include "TestFileFaults.moc"
