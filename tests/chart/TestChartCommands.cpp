@@ -22,16 +22,6 @@ using Axis = ChartSurface::Axis;
 using Answer = Prompter::Answer;
 using Panel = GraphSettingsController;
 
-void plotReadings(Application& a, const QList<int>& readings, const QString& interval)
-{
-    a.state.Instrument.units = QStringLiteral("DEG F");
-    a.state.Instrument.interval = SamplingInterval(interval);
-    for (int r : readings) {
-        a.state.TimeInterval = float(Numbers::Val(interval));
-        a.chart.AddReadingToChart(qint16(r));
-    }
-}
-
 QString pt(double x, double y) { return QStringLiteral("%1,%2").arg(x).arg(y); }
 
 // Records the pictures asked for ("name format", failing with `failure` when given one), the
@@ -197,9 +187,9 @@ private slots:
             "a pinned point goes with its readings | pts=1,100,11,200,21,150,31,-50 x=0,80 b c=3.5 "
             "x=0,80 pin=3.5,125_to_3.5,125 "
             "clear pin=- meas=-",
-            "schemes | scheme=S look=O scheme=O look=P scheme=P look=P scheme=S look=O look=S "
-            "scheme=S look=S scheme=S look=P look=0 scheme=S look=1 scheme=P look=2 scheme=O "
-            "look=3 scheme=O look= scheme=O",
+            "schemes | scheme=S look=O scheme=O look=O scheme=S look=P scheme=P look=P scheme=S "
+            "look=O look=S scheme=S look=S scheme=S look=P look=0 scheme=S look=1 scheme=P look=2 "
+            "scheme=O look=3 scheme=O look= scheme=O",
             "export | export=a.png export=b.PDF export=c.svg export=chart export=my.dir/chart "
             "wrote=a.png,0,b.PDF,1,c.svg,2,chart.png,0,my.dir/chart.png,0 export= export=a.jpg ?1",
             "export over a file | old=a.png yes export=a.png no export=a.png ?2 wrote=a.png,0",
@@ -248,6 +238,12 @@ private slots:
             for (int i = 0; i + 1 < xy.size(); i += 2)
                 plot.x.push_back(xy[i]), plot.y.push_back(xy[i + 1]);
             c.RestorePlot(plot);
+        };
+        auto fromSettings = [&](const QString& entry18) { // as the settings file is applied
+            a.state.SettingsValues.appearance.text = entry18;
+            a.settings.ApplySettings();
+            a.controller.mnuIniChart_Click();
+            panel.Form_Load();
         };
         const std::map<QString, std::function<void()>> commands {
             { "S", [&] { a.controller.mnuRealTimeGraphOn_Click(); } },
@@ -331,7 +327,10 @@ private slots:
             } else if (fed.hasMatch()) {
                 for (int i = fed.captured(1).toInt(); i > 0; --i) {
                     const int value = fed.captured(3).isEmpty() ? 70 : fed.captured(3).toInt();
-                    plotReadings(a, { value }, interval.caption());
+                    a.state.Instrument.units = QStringLiteral("DEG F");
+                    a.state.Instrument.interval = SamplingInterval(interval.caption());
+                    a.state.TimeInterval = float(Numbers::Val(interval.caption()));
+                    a.chart.AddReadingToChart(qint16(value));
                     if (a.main.mnuAutoCompressed.checked() && !a.main.cmdResetChart.visible()) {
                         QCOMPARE(rig.chart.axisMin(Axis::X), 0.0);
                         QVERIFY(rig.chart.x(1, rig.chart.pointCount(1) - 1)
@@ -375,7 +374,7 @@ private slots:
                 arg == "S"       ? a.appearance.mnuStandardChart_Click()
                     : arg == "O" ? a.appearance.mnuScopeChart_Click()
                     : arg == "P" ? a.appearance.mnuPlainChart_Click()
-                                 : a.appearance.ApplySettingsEntry(arg);
+                                 : fromSettings(arg);
             } else if (op == "export") {
                 rig.prompter.files.push_back(arg.isEmpty() ? QString() : path);
                 a.chartExport.mnuExportChart_Click();
