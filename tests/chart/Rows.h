@@ -11,7 +11,6 @@ inline void add(std::initializer_list<const char*> lines)
     for (const char* line : lines)
         QTest::newRow(line) << QString::fromUtf8(line);
 }
-// The current row's fields after its name.
 inline QStringList fields()
 {
     QFETCH(QString, row);

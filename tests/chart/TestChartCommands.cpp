@@ -55,13 +55,13 @@ struct Recorder : ChartImageWriter, MarkerDataWindows, PinnedPointView {
 class TestChartCommands : public QObject {
     Q_OBJECT
 private slots:
-    // A row is a script of steps from X 0..60, Y 0..100, alarm limits 85 and 25, the strip chart
-    // on and the graph settings panel open. Steps: "i=2" the interval, "S", "C", "A" the strip
-    // chart, compressed and Y scaling items, "lim" DISPLAY LIMIT MARKERS, "run" SEND DATA IN
-    // REALTIME, "stop", "f3" readings of 70 ("f3@-5" of -5), "pts=x,y,..." a series put in place,
-    // "x=a,b", "y=a,b" a range as the settings leave it, "zoom=a,b[,c,d]" a mouse zoom, "all",
-    // "reset", "load" (the plot taken and put back), "clear", "save", "open=p" LOAD PLOT FILE,
-    // "write=a=>b" a good plot file with a made b to e.rec ("\n" a line end, ":n" its first n
+    // A row is a script of steps ("_" a blank) from X 0..60, Y 0..100, alarm limits 85 and 25,
+    // the strip chart on and the graph settings panel open. Steps: "i=2" the interval, "S", "C",
+    // "A" the strip chart, compressed and Y scaling items, "lim" DISPLAY LIMIT MARKERS, "run" SEND
+    // DATA IN REALTIME, "stop", "f3" readings of 70 ("f3@-5" of -5), "pts=x,y,..." a series put in
+    // place, "x=a,b", "y=a,b" a range as the settings leave it, "zoom=a,b[,c,d]" a mouse zoom,
+    // "all", "reset", "load" (the plot taken and put back), "clear", "save", "open=p" LOAD PLOT
+    // FILE, "write=a=>b" a good plot file with a made b to e.rec ("\n" a line end, ":n" its first n
     // bytes), "snap" the plot taken, "look=P" an appearance item ("=2" settings entry 18),
     // "export=p" ("fail=why", "nowriter" first); the cursor's button "b", "m=x" the mouse and
     // "c=x" a click over X x, "esc", "wclose"; on the panel "maxX=v" (minX, minY, maxY) and Enter,
@@ -192,7 +192,7 @@ private slots:
             "scheme=O look=3 scheme=O look= scheme=O",
             "export | export=a.png export=b.PDF export=c.svg export=chart export=my.dir/chart "
             "wrote=a.png,0,b.PDF,1,c.svg,2,chart.png,0,my.dir/chart.png,0 export= export=a.jpg ?1",
-            "export over a file | old=a.png yes export=a.png no export=a.png ?2 wrote=a.png,0",
+            "export over | old=a.png old=b.png yes export=a.png no export=b.png ?2 wrote=a.png,0",
             "export failing | fail=denied export=a.png nowriter export=b.png ?2 wrote=a.png,0" });
     }
     void viewKeepsTheData()
@@ -367,9 +367,11 @@ private slots:
                 panel.cmdAccept_Click();
             } else if (op == "unit") {
                 panel.comTimeUnits_Click(arg.toInt());
-            } else if (op == "m" || op == "c") {
+            } else if (op == "m" || op == "c") { // the marker follows, unless a click unpins
+                const bool follows = a.cursor.isOn() && (op == "m" || !a.cursor.pinned());
                 op == "m" ? a.cursor.TempChart_MouseMove(pixel(arg.toDouble()))
                           : a.cursor.TempChart_Click(pixel(arg.toDouble()));
+                QVERIFY(!follows || qFuzzyCompare(rig.chart.markerX() + 100, arg.toDouble() + 100));
             } else if (op == "look") {
                 arg == "S"       ? a.appearance.mnuStandardChart_Click()
                     : arg == "O" ? a.appearance.mnuScopeChart_Click()
