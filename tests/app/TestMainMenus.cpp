@@ -68,10 +68,11 @@ private slots:
         QVERIFY(!a.bar.IsAlarmOn() && a.state.TempBarVisible && a.main.mnuViewTempBar.checked());
         a.controller.Shutdown();
         QCOMPARE(testfiles::readAll(path), linesOf(changed));
-
         rig.chart.setAxisMax(Axis::Y, 180);
         a.controller.mnuRealTimeGraphOn_Click();
         a.state.CommPortNumber = 3;
+        a.controller.Shutdown(); // the program shuts down once
+        QCOMPARE(testfiles::readAll(path), linesOf(changed));
         a.controller.mnuCreateSettingsFile_Click();
         QCOMPARE(
             testfiles::readAll(path), linesOf(with(changed, { "0=180", "9=0", "10=1", "19=3" })));
