@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -37,8 +38,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(out), 10000);
         QCOMPARE(testfiles::readAll(out), arguments.join(QChar(0)).toUtf8() + '\0');
     }
-    // The box is modal over the active window and shows the text as plain lines; Enter takes
-    // the preferred answer, Escape the most careful one.
+    // Modal over the active window, in plain lines; Enter: the preferred answer, Escape: no harm.
     void messageBox()
     {
         QWidget owner;
@@ -128,8 +128,8 @@ private slots:
             { "its own timer", "from the menu", "subtitle clicked", "key", "closed" })
             QTest::newRow(how) << QString::fromLatin1(how);
     }
-    // The splash draws its logo with a moving beam, blinks its title until the blinks run
-    // out; opened from the menu it then waits; a click, a key or closing ends it at once.
+    // The splash, centred, draws its moving logo and blinks until done, or waits if opened from
+    // the menu; a click, a key or closing ends it at once.
     void splash()
     {
         QFETCH(QString, how);
@@ -138,6 +138,8 @@ private slots:
         splash.setBlinkInterval(how == "its own timer" ? 5 : 600000);
         QSignalSpy finished(&splash, &SplashWindow::finished);
         splash.start();
+        const QRect screen = splash.screen()->availableGeometry();
+        QVERIFY((splash.frameGeometry().center() - screen.center()).manhattanLength() <= 2);
         auto* logo = splash.findChild<QWidget*>(QStringLiteral("imgLogo"));
         const QImage before = logo->grab().toImage();
         splash.tmrTitle_Timer();

@@ -8,6 +8,7 @@
 #include "ui/MarkerDataWindow.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,9 +21,8 @@ using Axis = ChartSurface::Axis;
 class TestChartWindow : public QObject {
     Q_OBJECT
 private slots:
-    // A zoom rectangle holds the view and offers RESET CHART; a shift-drag moves the axes, the
-    // limit lines following. The cursor reads the chart; a click pins a reading and measures
-    // from it; a second click, Escape in either window or the cursor going off unpins.
+    // A zoom holds the view and offers RESET CHART; a shift-drag moves the axes and limit lines.
+    // The cursor reads the chart; a click pins and measures; a click, Escape or cursor off unpins.
     void chartMouseAndCursor()
     {
         WindowRig c;
@@ -92,9 +92,8 @@ private slots:
         QVERIFY(!c.app.cursor.pinned() && !mouse->pin()->visible());
         QVERIFY(!c.surface.marker()->visible() && !data->isVisible());
     }
-    // The panel from the chart menu shows the axes as it appears; Enter in a box and ACCEPT
-    // reach the chart; a refused number puts the focus back in its box; AUTO RANGE is the chart
-    // menu's AUTO SCALE Y AXIS.
+    // The panel shows the axes as it appears; Enter, ACCEPT and the time unit reach the chart; a
+    // refused number puts the focus back; AUTO RANGE is the chart menu's AUTO SCALE Y AXIS.
     void graphSettingsPanelReachesTheChart()
     {
         WindowRig c;
@@ -122,6 +121,9 @@ private slots:
         QTest::mouseClick(c.find<QPushButton>("cmdAccept", panel), Qt::LeftButton);
         QCOMPARE(QList<double>({ c.surface.axisMin(Axis::X), c.surface.axisMax(Axis::X) }),
             QList<double>({ 5, 45.5 }));
+        auto* units = c.find<QComboBox>("comTimeUnits", panel);
+        QTest::keyClick(units, Qt::Key_End);
+        QCOMPARE(c.surface.axisTitle(Axis::X), units->currentText());
         const bool autoScale = c.find("mnuAutoScaleYAxis")->isChecked();
         QTest::mouseClick(c.find<QCheckBox>("chkAutoRange", panel), Qt::LeftButton);
         QCoreApplication::processEvents();

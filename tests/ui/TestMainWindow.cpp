@@ -55,8 +55,7 @@ private slots:
         QCOMPARE(byKey.find(command)->isChecked(), byClick.find(command)->isChecked());
         QCOMPARE(byKey.find(command)->isChecked(), byKey.app.main.control(name)->checked());
     }
-    // Sensing from the menu: the status window closes at the first character, the readings show,
-    // the same command stops, and closing the main window writes the settings.
+    // Sensing from the menu; the status window goes at the first character; closing saves settings.
     void sensingFromTheMenu()
     {
         WindowRig f;
@@ -147,9 +146,8 @@ private slots:
         f.feed("  20\x07");
         QCOMPARE(f.app.bar.indicatorTop(), top);
     }
-    // DEMO CONTROLS: the control tester opens beside the bar, with the status window, and moves
-    // the bar by hand; closed, it leaves the bar empty with its alarm colours, the line unopened.
-    // The splash stays after its blinks until clicked, then goes.
+    // DEMO CONTROLS: the control tester, beside the bar, moves it; closed, it leaves the bar empty
+    // with its alarm colours and the line unopened. The splash stays until clicked, then goes.
     void demoControls()
     {
         WindowRig f;
@@ -183,8 +181,7 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(splash.isNull());
     }
-    // Every state of the link looks different; a new state repaints the whole picture, a step
-    // of its animation only the part that moves.
+    // Every link state looks different; a new state repaints all, an animation step a part.
     void everyLinkStateLooksDifferent()
     {
         IRSystem system;
@@ -214,8 +211,7 @@ private slots:
             frames << widget.grab().toImage();
         }
     }
-    // Showing the program parameters picks nothing; the operator's pick of a port applies it,
-    // and a typed device is bound to that port and written to the port file.
+    // Showing picks no port; the operator's pick applies, and a typed device is bound and saved.
     void parametersDialogBindsAPort()
     {
         ParametersRig rig(&QtSerialPort::forDevice);

@@ -10,8 +10,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-// What the serial adapter says when a device cannot be opened or goes away, and which device a
-// port number stands for. Reading the stream is covered by the whole runs over a terminal.
+// The serial adapter's words for a device that cannot be opened or goes away (reading the stream
+// is covered by whole runs over a terminal).
 class TestQtSerialPort : public QObject {
     Q_OBJECT
 private slots:
