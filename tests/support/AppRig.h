@@ -1,28 +1,20 @@
 #pragma once
 
-#include "FakeBeeper.h"
-#include "FakeClock.h"
-#include "FakeLauncher.h"
-#include "FakePrompter.h"
-#include "FakeSerialPort.h"
-#include "FakeSystemInfo.h"
+#include "FakeDesktop.h"
 #include "RecordingHost.h"
 
-#include "app/Application.h"
 #include "chart/InMemoryChartSurface.h"
-#include "link/PortMap.h"
 #include "link/sim/SimulatedInstrument.h"
 #include "ui/QtSerialPort.h"
 
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <map>
 #include <memory>
 
 // The real application, wired as in the program, around fakes of the desktop and the line.
 // Work files go to a temporary program directory.
-class AppRig {
+class AppRig : public FakeDesktop {
 public:
     AppRig() { build(port); }
 
@@ -123,15 +115,7 @@ public:
               "  1234   DEG F\r\n\x07";
     }
 
-    QTemporaryDir dir;
-    FakePrompter prompter;
-    FakeClock clock;
-    FakeBeeper beeper;
-    FakeLauncher launcher;
-    FakeSystemInfo systemInfo;
-    FakeSerialPort port;
     InMemoryChartSurface chart;
-    PortMap portMap;
     RecordingHost host;
     // The pseudo-terminal's far end and the adapter reading it, in the second form only.
     std::unique_ptr<QtSerialPort> line;
@@ -142,8 +126,7 @@ public:
 private:
     void build(SerialPort& serial)
     {
-        app_ = std::make_unique<Application>(
-            Platform { prompter, clock, beeper, launcher, systemInfo, serial, chart, portMap });
+        app_ = std::make_unique<Application>(platform(serial, chart));
         app_->state.ProgramDirectory = dir.path();
         app_->main.mnuRealTimeGraphOn.setChecked(true);
         host.onShowStoredPoints = [this] { app_->storedPoints.Form_Load(); };

@@ -1,14 +1,7 @@
 #pragma once
 
-#include "FakeBeeper.h"
-#include "FakeClock.h"
-#include "FakeLauncher.h"
-#include "FakePrompter.h"
-#include "FakeSerialPort.h"
-#include "FakeSystemInfo.h"
+#include "FakeDesktop.h"
 
-#include "app/Application.h"
-#include "link/PortMap.h"
 #include "ui/ChartPlot.h"
 #include "ui/MainWindow.h"
 #include "ui/QCustomPlotSurface.h"
@@ -18,26 +11,16 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPaintEvent>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 #include <algorithm>
 
 // The real main window on the application drawing on the real chart widget, loaded, shown and
-// active, around fakes of the desktop and the line; work files go to a temporary directory.
-struct WindowRig {
-    QTemporaryDir dir;
-    FakePrompter prompter;
-    FakeClock clock;
-    FakeBeeper beeper;
-    FakeLauncher launcher;
-    FakeSystemInfo systemInfo;
-    FakeSerialPort port;
-    PortMap portMap;
+// active, on the fakes of the desktop and the line.
+struct WindowRig : FakeDesktop {
     QCustomPlot* plot = new ChartPlot;
     QCustomPlotSurface surface { *plot };
-    Application app { Platform {
-        prompter, clock, beeper, launcher, systemInfo, port, surface, portMap } };
+    Application app { platform(port, surface) };
     MainWindow window { app, plot };
 
     WindowRig()

@@ -2,7 +2,6 @@
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
-#include "ui/QtBeeper.h"
 #include "ui/QtLauncher.h"
 #include "ui/QtPrompter.h"
 #include "ui/SplashWindow.h"
@@ -110,16 +109,6 @@ private slots:
         const QString path = QDir(dir.path()).absolutePath(), mode = QString::number(save);
         QCOMPARE(seen, QStringList({ "SAVE DATA", path, filters, mode, "1" }));
         QCOMPARE(got, chosen.isEmpty() ? QString() : dir.filePath(chosen));
-    }
-    // A beep while the tone still sounds is skipped, never queued behind it.
-    void beeperNeverQueues()
-    {
-        QtBeeper beeper;
-        const auto bell = QtBeeper::Route::SystemBell;
-        beeper.beep();
-        QCOMPARE(beeper.lastRoute(), beeper.toneAvailable() ? QtBeeper::Route::Tone : bell);
-        beeper.beep(); // at once: the tone is skipped or played again, never the bell
-        QCOMPARE(beeper.lastRoute() == bell, !beeper.toneAvailable());
     }
     void splash_data()
     {

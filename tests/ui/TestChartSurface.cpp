@@ -1,8 +1,5 @@
 #include "support/TestRegistry.h"
 
-#include "base/AppState.h"
-#include "base/MainWindowModel.h"
-#include "chart/GraphingFunctions.h"
 #include "chart/InMemoryChartSurface.h"
 #include "ui/ChartPlot.h"
 #include "ui/QCustomPlotSurface.h"
@@ -90,30 +87,6 @@ std::vector<QPointF> sortedByX(std::vector<QPointF> points)
 class TestChartSurface : public QObject {
     Q_OBJECT
 private slots:
-    void readingsAppearInGraph()
-    {
-        PlotRig rig;
-        AppState state;
-        MainWindowModel window;
-        GraphingFunctions engine(rig.surface, state, window);
-        state.Instrument.interval = SamplingInterval("2");
-        engine.InitializeChart();
-        engine.ResetChartSeries();
-        QCOMPARE(rig.surface.graph(1)->data()->size(), 0);
-
-        for (qint16 reading : { 70, 72, 71, -3, 300 }) {
-            state.TimeInterval = 2.0f;
-            engine.AddReadingToChart(reading);
-        }
-        QCOMPARE(rig.surface.pointCount(1), 6);
-        QCOMPARE(rig.surface.x(1, 6), GraphingFunctions::EmptyPoint);
-        const std::vector<QPointF> expected { { 0, 70 }, { 2, 72 }, { 4, 71 }, { 6, -3 },
-            { 8, 300 } };
-        QCOMPARE(rig.graphPoints(1), expected);
-        QVERIFY(rig.surface.seriesInOrder(1));
-        QCOMPARE(rig.graphPoints(2).size(), std::size_t(2));
-    }
-
     // The plot must show exactly the points a plain model of the series would draw, and read
     // back every value as set, whatever order the values come in.
     void sameAsPlainModel_data()
@@ -188,32 +161,6 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(replots.count(), 1);
         QCOMPARE(rig.plot.xAxis->range(), QCPRange(10, 20));
-    }
-
-    void floodOfReadingsIsCoalesced()
-    {
-        PlotRig rig;
-        AppState state;
-        MainWindowModel window;
-        GraphingFunctions engine(rig.surface, state, window);
-        state.Instrument.interval = SamplingInterval("1");
-        engine.InitializeChart();
-        engine.ResetChartSeries();
-        QSignalSpy replots(&rig.plot, &QCustomPlot::afterReplot);
-        QSignalSpy parts(&rig.plot, &ChartPlot::areaRedrawn);
-        QTRY_VERIFY(!rig.surface.redrawPending());
-        replots.clear();
-
-        for (int i = 0; i < 2000; ++i) {
-            qint16 reading = qint16(i % 100);
-            state.TimeInterval = 1.0f;
-            engine.AddReadingToChart(reading);
-        }
-        QTRY_VERIFY(replots.count() + parts.count() >= 1);
-        QTRY_VERIFY(!rig.surface.redrawPending());
-        const int drawings = replots.count() + parts.count();
-        QVERIFY2(drawings <= 2, qPrintable(QString::number(drawings)));
-        QCOMPARE(rig.surface.graph(1)->data()->size(), 2000);
     }
 
     // Readings added at the end of the line are drawn by redrawing their area alone, which must
@@ -399,29 +346,24 @@ private slots:
         QVERIFY(red);
     }
 
+    // Tick labels in the axis's picture ("_" none): picture, lower and upper end, a label.
     void labels_data()
     {
-        QTest::addColumn<QString>("format");
-        QTest::addColumn<double>("lower");
-        QTest::addColumn<double>("upper");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("whole numbers") << "#.##" << 10.0 << 14.0 << "12";
-        QTest::newRow("one decimal") << "#.##" << 12.0 << 13.0 << "12.2";
-        QTest::newRow("two decimals") << "#.##" << 0.0 << 0.1 << ".02";
-        QTest::newRow("below one") << "#.##" << 0.0 << 1.0 << ".2";
-        QTest::newRow("negative") << "#.##" << -1.0 << 0.0 << "-.4";
-        QTest::newRow("no picture") << "" << 0.0 << 1.0 << "0.2";
+        QTest::addColumn<QString>("row");
+        for (const char* row :
+            { "#.## 10 14 12", "#.## 12 13 12.2", "#.## 0 0.1 .02", "#.## 0 1 .2", "#.## -1 0 -.4",
+                "_ 0 1 0.2" })
+            QTest::newRow(row) << QString(row);
     }
     void labels()
     {
-        QFETCH(QString, format);
-        QFETCH(double, lower);
-        QFETCH(double, upper);
-        QFETCH(QString, expected);
+        QFETCH(QString, row);
+        const QStringList f = row.split(' ');
+        const QString format = f[0] == "_" ? QString() : f[0], expected = f[3];
         PlotRig rig;
         rig.surface.setAxisLabelFormat(Axis::X, format);
-        rig.surface.setAxisMin(Axis::X, lower);
-        rig.surface.setAxisMax(Axis::X, upper);
+        rig.surface.setAxisMin(Axis::X, f[1].toDouble());
+        rig.surface.setAxisMax(Axis::X, f[2].toDouble());
         rig.draw();
         const QVector<QString> labels = rig.plot.xAxis->tickVectorLabels();
         QVERIFY2(labels.contains(expected),
@@ -435,24 +377,6 @@ private slots:
             QVERIFY2(picture.match(label).hasMatch(), qPrintable(label));
     }
 
-    void markerAndPixels()
-    {
-        PlotRig rig;
-        rig.surface.setAxisMin(Axis::X, 0);
-        rig.surface.setAxisMax(Axis::X, 60);
-        rig.surface.setAxisMin(Axis::Y, -10);
-        rig.surface.setAxisMax(Axis::Y, 90);
-        rig.surface.setMarkerX(12.5);
-        rig.surface.setMarkerVisible(true);
-        rig.draw();
-        QVERIFY(rig.surface.marker()->visible());
-        QCOMPARE(rig.surface.marker()->point1->coords().x(), 12.5);
-
-        const QPointF pixel(rig.plot.xAxis->coordToPixel(30), rig.plot.yAxis->coordToPixel(40));
-        const QPointF data = rig.surface.pixelToData(pixel);
-        QVERIFY(qAbs(data.x() - 30) < 1e-9);
-        QVERIFY(qAbs(data.y() - 40) < 1e-9);
-    }
 };
 TALAVEX_TEST(TestChartSurface)
 #include "TestChartSurface.moc"

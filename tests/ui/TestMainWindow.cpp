@@ -28,8 +28,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSlider>
-#include <memory>
-#include <stdexcept>
 
 // The main window and the windows it opens, and the binding of models to windows.
 class TestMainWindow : public QObject {
@@ -275,37 +273,6 @@ private slots:
         model.markDirty();
         QCoreApplication::processEvents();
         QCOMPARE(shown[0]->text(), QStringLiteral("73"));
-    }
-    // A name that matches nothing fails the binding, named: a control with no widget, a handler
-    // with no widget, a command with no handler, and a caption both the model and the form give.
-    void misnamedBindingFails_data()
-    {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<QString>("handler");
-        QTest::addColumn<QString>("named");
-        const QString sense = "mnuSenseTemperature", misspelt = "mnuSenseTemprature";
-        QTest::newRow("control") << misspelt << QString() << sense << misspelt;
-        QTest::newRow("handler") << QString("lblCurrentTemp") << QString() << misspelt << misspelt;
-        QTest::newRow("no handler") << sense << QString() << QString() << sense;
-        QTest::newRow("caption twice") << sense << QStringLiteral("SENSE") << sense << sense;
-    }
-    void misnamedBindingFails()
-    {
-        QFETCH(QString, control);
-        QFETCH(QString, caption);
-        QFETCH(QString, handler);
-        QFETCH(QString, named);
-        WindowRig f;
-        ViewModel model;
-        const auto c = caption.isNull() ? std::make_unique<Control>(&model, control)
-                                        : std::make_unique<Control>(&model, control, caption);
-        ModelBinder binder(model, f.window);
-        if (!handler.isEmpty())
-            binder.onTriggered(handler, [] {});
-        QCOMPARE(binder.problems().size(), 1);
-        QVERIFY2(binder.problems()[0].startsWith(named + ':'), qPrintable(binder.problems()[0]));
-        QVERIFY_THROWS_EXCEPTION(std::logic_error, binder.check());
     }
 };
 TALAVEX_TEST(TestMainWindow)
