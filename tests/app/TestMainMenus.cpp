@@ -1,16 +1,23 @@
 #include "app/CommandLine.h"
 #include "app/ProgramFolder.h"
 #include "support/AppRig.h"
-#include "support/SettingsLines.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 #include <QDir>
 #include <QTest>
 
 using Axis = ChartSurface::Axis;
-using settingslines::factory;
-using settingslines::linesOf;
 namespace {
+// The factory settings, one entry a line.
+QStringList factory()
+{
+    return { "100", "0", "60", "0", "0", "0", "TEMPERATURE", "SECONDS", "1", "0", "1", "100", "0",
+        "85", "25", "1", "0", "1", "0", "1", "300", "0", "1" };
+}
+QByteArray linesOf(const QStringList& lines) // each ended by CR LF
+{
+    return (lines.join("\r\n") + "\r\n").toLatin1();
+}
 QStringList with(QStringList lines, const QStringList& entries) // "entry=text" put in the lines
 {
     for (const QString& e : entries)
@@ -49,7 +56,7 @@ private slots:
         AppRig rig;
         Application& a = rig.app();
         const QString path = rig.dir.filePath("Settings.dat");
-        settingslines::write(path, changed);
+        testfiles::writeAll(path, linesOf(changed));
         a.controller.Form_Load();
         QCOMPARE(QList<double>({ rig.chart.axisMax(Axis::Y), rig.chart.axisMin(Axis::Y),
                      rig.chart.axisMax(Axis::X), rig.chart.axisMin(Axis::X) }),
@@ -119,7 +126,7 @@ private slots:
         QStringList shipped = factory();
         shipped[6] = "SHIPPED";
         if (content != "<bare>")
-            settingslines::write(rig.dir.filePath("DefaultSettings.dat"), shipped);
+            testfiles::writeAll(rig.dir.filePath("DefaultSettings.dat"), linesOf(shipped));
         a.settings.LoadSettings(true); // the factory settings are in force when it is read
         rig.chart.setAxisMax(Axis::Y, 7);
         if (content == "<folder>")
@@ -131,8 +138,10 @@ private slots:
         QCOMPARE(QString::number(a.state.CommPortNumber), facts[1]);
         QDir(rig.dir.path()).rmdir(QStringLiteral("Settings.dat"));
         QVERIFY(a.settings.SaveSettings());
-        const QStringList lines = settingslines::read(rig.dir.filePath("Settings.dat"));
-        QCOMPARE(lines.size(), 23);
+        QStringList lines = QString::fromLatin1(testfiles::readAll(rig.dir.filePath("Settings.dat")))
+                                .split(QStringLiteral("\r\n"));
+        QCOMPARE(lines.size(), 24);
+        QVERIFY(lines.takeLast().isEmpty()); // the last line ended too
         for (const QString& line : lines)
             QVERIFY(line.size() <= 1024);
         for (const QString& fact : facts.mid(2))

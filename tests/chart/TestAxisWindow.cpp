@@ -22,7 +22,7 @@ Xs readings(const QString& text)
 }
 
 // Readings put straight on the series, as a loaded plot would, then the engine told.
-struct Engine : EngineRig<> {
+struct Engine : EngineRig {
     explicit Engine(const Xs& xs)
     {
         QList<QPointF> points;

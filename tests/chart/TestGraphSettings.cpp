@@ -17,7 +17,7 @@ using Axis = ChartSurface::Axis;
 using Panel = GraphSettingsController;
 
 // The panel loaded over a chart at X 10..110, Y 0..100, every box it shows recorded.
-struct Rig : EngineRig<> {
+struct Rig : EngineRig {
     GraphSettingsModel model;
     FakePrompter prompter;
     Panel panel { state, engine, window, model, prompter, {} };
@@ -162,7 +162,7 @@ private slots:
     // The summary shown by SEARCH FOR IR: empty points skipped, the first of equal extremes told.
     void summary()
     {
-        EngineRig<> rig;
+        EngineRig rig;
         QCOMPARE(ChartSummary::of(rig.chart, 1).meanY, 0.0); // none: no division
         rig.plot({ { 1, 5 }, { 2, 9 }, { 3, GraphingFunctions::EmptyPoint }, { 4, 5 }, { 5, 9 } });
         const ChartSummary s = ChartSummary::of(rig.chart, 1);
@@ -184,7 +184,7 @@ private slots:
             int updates = 0;
         } panel;
         const QList<double> v = rows::numbers(rows::fields()[0]);
-        EngineRig<> rig;
+        EngineRig rig;
         rig.engine.setPanel(&panel);
         rig.state.GraphSettingsOpen = v[0] == 1;
         rig.window.mnuAutoScaleYAxis.setChecked(v[1] == 1);

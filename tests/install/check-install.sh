@@ -15,9 +15,11 @@ for f in bin/talavex bin/talavex-sim share/talavex/DefaultSettings.dat \
 done
 [ -x "$work/usr/bin/talavex" ] || fail "talavex is not executable"
 [ -e "$work/usr/share/talavex/Web Manual/Index.html" ] || fail "the manual is not installed"
-# The manual's pictures resolve in the installed tree as they do in the source tree.
-for img in $(grep -ho 'src="[^"]*"' "$work/usr/share/talavex/Web Manual/"*.html | sed 's/src="//; s/"$//' | sort -u); do
-  [ -e "$work/usr/share/talavex/Web Manual/$img" ] || fail "the installed manual misses $img"
+# The manual's links and pictures resolve in the installed tree, and no page is left unlinked.
+manual="$work/usr/share/talavex/Web Manual"
+links=$(grep -hoE '(src|href)="[^"#]+' "$manual"/*.html | sed 's/^[a-z]*="//' | grep -v '://' | sort -u)
+for f in $links $(cd "$manual" && ls *.html); do
+  [ -e "$manual/$f" ] && grep -qx "$f" <<<"$links" || fail "the installed manual misses or never links $f"
 done
 desktop-file-validate "$work/usr/share/applications/talavex.desktop" || fail "the desktop entry is not valid"
 grep -q '^Exec=talavex --home$' "$work/usr/share/applications/talavex.desktop" \

@@ -10,14 +10,14 @@
 #include <QPointF>
 #include <QStringList>
 
-// The graphing engine on a chart surface of type Surface, started as the main window's load
-// sequence starts it: limits 85 and 25, the interval label given, notices of overflow kept.
-template <typename Surface = InMemoryChartSurface> struct EngineRig {
+// The graphing engine on the in-memory chart, started as the main window's load sequence starts
+// it: limits 85 and 25, the interval label given, notices of overflow kept.
+struct EngineRig {
     using Axis = ChartSurface::Axis;
 
     AppState state;
     MainWindowModel window;
-    Surface chart;
+    InMemoryChartSurface chart;
     GraphingFunctions engine { chart, state, window };
     QStringList notices;
 
@@ -30,15 +30,12 @@ template <typename Surface = InMemoryChartSurface> struct EngineRig {
         engine.InitializeChart();
         engine.ResetChartSeries();
     }
-    void setAxis(Axis axis, double min, double max)
-    {
-        chart.setAxisMin(axis, min);
-        chart.setAxisMax(axis, max);
-    }
     void setAxes(double x0, double x1, double y0, double y1)
     {
-        setAxis(Axis::X, x0, x1);
-        setAxis(Axis::Y, y0, y1);
+        chart.setAxisMin(Axis::X, x0);
+        chart.setAxisMax(Axis::X, x1);
+        chart.setAxisMin(Axis::Y, y0);
+        chart.setAxisMax(Axis::Y, y1);
     }
     // X min, X max, Y min, Y max.
     QList<double> axes() const
@@ -60,10 +57,5 @@ template <typename Surface = InMemoryChartSurface> struct EngineRig {
     {
         state.TimeInterval = float(state.Instrument.interval.seconds());
         engine.AddReadingToChart(reading);
-    }
-    void feed(const QList<int>& readings)
-    {
-        for (int r : readings)
-            feed(qint16(r));
     }
 };

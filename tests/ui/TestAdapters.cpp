@@ -2,6 +2,7 @@
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
+#include "ui/LinuxSystemInfo.h"
 #include "ui/QtLauncher.h"
 #include "ui/QtPrompter.h"
 #include "ui/SplashWindow.h"
@@ -109,6 +110,19 @@ private slots:
         const QString path = QDir(dir.path()).absolutePath(), mode = QString::number(save);
         QCOMPARE(seen, QStringList({ "SAVE DATA", path, filters, mode, "1" }));
         QCOMPARE(got, chosen.isEmpty() ? QString() : dir.filePath(chosen));
+    }
+    // The machine's memory as the kernel lists it; free memory where available memory is not told.
+    void memoryFromTheKernelList()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("meminfo"));
+        testfiles::writeAll(path, "MemTotal:  2048 kB\nMemFree:\t3 MB\nMemAvailableSoon: 9 kB\n");
+        LinuxSystemInfo info(path);
+        QCOMPARE(info.totalPhysicalMemory(), 2048ull * 1024);
+        QCOMPARE(info.availablePhysicalMemory(), 3ull * 1024 * 1024);
+        testfiles::writeAll(path, "MemTotal: x kB\nMemAvailable: 7\n");
+        QCOMPARE(info.totalPhysicalMemory() + info.availablePhysicalMemory(), 7ull);
+        QCOMPARE(LinuxSystemInfo(dir.filePath(QStringLiteral("none"))).totalPhysicalMemory(), 0ull);
     }
     void splash_data()
     {

@@ -88,6 +88,13 @@ private slots:
         f.feed("#001   75   DEG F\x07\x07");
         QCOMPARE(f.find<QPlainTextEdit>("txtDataPointsDisplay", window)->toPlainText(),
             QStringLiteral("\n\t#001\t75\tDEG F\n\nEMPTY LOCATION - NO DATA.\n"));
+        start->click(); // stopped, its readings can be saved: each button asks where
+        for (const char* save : { "cmdSaveToTxtFile", "cmdSaveToExcel" })
+            f.find<QPushButton>(save, window)->click();
+        QStringList asked;
+        for (const auto& shown : f.prompter.shown)
+            asked << shown.kind + ' ' + shown.choice.filter;
+        QCOMPARE(asked, QStringList({ "save *.txt", "save *.xlsx" }));
         window->close();
         QCoreApplication::processEvents();
         QVERIFY(!f.find("mnuDownloadData")->isChecked() && !f.port.isOpen());
