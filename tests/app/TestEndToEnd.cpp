@@ -54,13 +54,11 @@ private slots:
                                 << QString(readout) << plotted << counts << obtained;
         };
         const char* silentAfter3 = "--interval 1 --fault silence --fault-after 3";
-        row("real time, F", "--interval 1 --fault silence --fault-after 6", "sense p6", "", f1,
-            "94/red", 6, "",
-            blockF + next2 + QByteArray(3, 'x').replace("x", "    94\t  DEG\tF\r\n"));
-        row("real time, C, short form, interval 2, no ambient sensor",
-            "--units C --interval 2 --short --no-ambient --seed 3 --fault silence --fault-after 5",
-            "sense p5 stop", save, c2, "/green", 5);
-        row("the simulator program",
+        row("real time, F, with a text stamp", "--interval 1 --fault silence --fault-after 6",
+            "stamp=HOT_SPOT sense p6", "", f1, "94/red", 6, "",
+            "\x07HOT SPOT\r\n" + blockF + next2
+                + QByteArray(3, 'x').replace("x", "    94\t  DEG\tF\r\n"));
+        row("real time, C, short form, interval 2, no ambient sensor, from the simulator program",
             "tool --units C --interval 2 --short --no-ambient --seed 3 --fault silence "
             "--fault-after 5 --time-scale 0.001",
             "sense p5 stop", save, c2, "/green", 5);
@@ -68,8 +66,6 @@ private slots:
             "TIME INTERVAL UNKNOWN.", "DEG F|NO-INT|0.95|85|25|110|72|75|95", "94/red", 0);
         row("readings beyond 16 bits", silentAfter3, "sense p3 >__99999 >1E309 readout", "", f1,
             "94/grey", 3, "", blockF + next2 + "  99999\r\n1E309\r\n");
-        row("text stamp", silentAfter3, "stamp=HOT_SPOT sense p3", "", f1, "94/red", 3, "",
-            "\x07HOT SPOT\r\n" + blockF + next2);
         row("temperature bar", "--units C --interval 1 --fault silence --fault-after 3",
             "bar sense p3 bar=TEMP._BAR_-_DEG_C", "", "DEG C|1|0.95|29|-4|43|22|24|35", "35/green",
             3);
