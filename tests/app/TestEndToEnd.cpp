@@ -73,7 +73,7 @@ private slots:
             halted + "|" + save, f1, "/red", 4);
         row("port lost", silentAfter3, "sense p3 unplug idle", "COMM PORT LOST|" + save, f1, "/red",
             3);
-        row("no device", "", "unplug sense", "CANNOT OPEN COMM PORT", "", "/default", 0);
+        row("no device", "", "nodevice sense", "CANNOT OPEN COMM PORT", "", "/default", 0);
         row("stored readings while sensing", "--interval 1 --fault wrongmode --fault-after 3",
             "sense idle", storedWhileSensing, f1, "/red", 3);
         row("blank records", "--interval 1 --fault blank --fault-after 3", "sense idle",
@@ -162,6 +162,8 @@ private slots:
             { "bar", [&] { a.tempBarWindow.mnuViewTempBar_Click(); } },
             { "compressed", [&] { a.controller.mnuAutoCompressed_Click(); } },
             { "unplug", [&] { rig.instrument.close(); } },
+            // A device that is not there at all: a closed terminal's number may be taken again.
+            { "nodevice", [&] { rig.portMap.setRunOverride(1, rig.dir.filePath("ttyGone0")); } },
             { "idle", [&] { QTRY_VERIFY_WITH_TIMEOUT(!running(), 20000); } },
             { "readout", [&] { QTRY_COMPARE_WITH_TIMEOUT(shownReadout(), readout, 20000); } },
             { "counts", [&] { QTRY_COMPARE_WITH_TIMEOUT(totals.caption(), counts, 20000); } },

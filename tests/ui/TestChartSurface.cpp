@@ -163,6 +163,22 @@ private slots:
         QCOMPARE(rig.plot.xAxis->range(), QCPRange(10, 20));
     }
 
+    // A change of the view (an axis, the cursor's marker) is drawn within a frame, even while
+    // new points wait their turn.
+    void viewChangeIsDrawnSooner()
+    {
+        PlotRig rig;
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        rig.surface.setPointCount(1, 2);
+        rig.surface.setAxisMax(Axis::X, 30);
+        QVERIFY(rig.surface.msUntilRedraw() <= QCustomPlotSurface::FrameMs);
+        QTRY_VERIFY(!rig.surface.redrawPending());
+        QCoreApplication::processEvents(); // the queued replot
+        QSignalSpy replots(&rig.plot, &QCustomPlot::afterReplot);
+        rig.surface.setMarkerVisible(true);
+        QTRY_VERIFY(!replots.isEmpty());
+    }
+
     // Readings added at the end of the line are drawn by redrawing their area alone, which must
     // leave the very pixels a replot would; any other change is drawn by a replot.
     void addedPointsDrawnInPlace_data()
