@@ -138,8 +138,9 @@ private slots:
         QCOMPARE(QString::number(a.state.CommPortNumber), facts[1]);
         QDir(rig.dir.path()).rmdir(QStringLiteral("Settings.dat"));
         QVERIFY(a.settings.SaveSettings());
-        QStringList lines = QString::fromLatin1(testfiles::readAll(rig.dir.filePath("Settings.dat")))
-                                .split(QStringLiteral("\r\n"));
+        QStringList lines
+            = QString::fromLatin1(testfiles::readAll(rig.dir.filePath("Settings.dat")))
+                  .split(QStringLiteral("\r\n"));
         QCOMPARE(lines.size(), 24);
         QVERIFY(lines.takeLast().isEmpty()); // the last line ended too
         for (const QString& line : lines)

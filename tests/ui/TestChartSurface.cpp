@@ -366,9 +366,8 @@ private slots:
     void labels_data()
     {
         QTest::addColumn<QString>("row");
-        for (const char* row :
-            { "#.## 10 14 12", "#.## 12 13 12.2", "#.## 0 0.1 .02", "#.## 0 1 .2", "#.## -1 0 -.4",
-                "_ 0 1 0.2" })
+        for (const char* row : { "#.## 10 14 12", "#.## 12 13 12.2", "#.## 0 0.1 .02",
+                 "#.## 0 1 .2", "#.## -1 0 -.4", "_ 0 1 0.2" })
             QTest::newRow(row) << QString(row);
     }
     void labels()
@@ -392,7 +391,6 @@ private slots:
         for (const QString& label : labels)
             QVERIFY2(picture.match(label).hasMatch(), qPrintable(label));
     }
-
 };
 TALAVEX_TEST(TestChartSurface)
 #include "TestChartSurface.moc"
