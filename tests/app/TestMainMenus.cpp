@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 #include "app/ProgramFolder.h"
 #include "support/AppRig.h"
+#include "support/Rows.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 #include <QDir>
@@ -204,16 +205,14 @@ private slots:
     // The data files menu: the editor shows a file; one not found is asked for, then kept.
     void editor_data()
     {
-        QTest::addColumn<QString>("row"); // commands | the chooser's answer | started | boxes
-        for (const char* row :
-            { "load|/my runs/\"q\" 'x'; rm y.txt|$D/bin/gedit /my runs/\"q\" 'x'; rm y.txt|",
-                "load||$D/bin/gedit |", // cancelled: the editor alone
-                "none new|/opt/my editor|/opt/my editor $D/LAST_OBTAINED_DATA_PTS.dat|CANNOT FIND "
-                "NOTEPAD.",
-                "none new|||CANNOT FIND NOTEPAD.;INVALID FILENAME RECEIVED",
-                "new another points||$D/bin/gedit $D/LAST_OBTAINED_DATA_PTS.dat;$D/bin/gedit "
-                "$D/DPStorage.dat|" })
-            QTest::newRow(row) << QString(row);
+        // commands | the chooser's answer | started | boxes
+        rows::add({ "load|/my runs/\"q\" 'x'; rm y.txt|$D/bin/gedit /my runs/\"q\" 'x'; rm y.txt|",
+            "load||$D/bin/gedit |", // cancelled: the editor alone
+            "none new|/opt/my editor|/opt/my editor $D/LAST_OBTAINED_DATA_PTS.dat|CANNOT FIND "
+            "NOTEPAD.",
+            "none new|||CANNOT FIND NOTEPAD.;INVALID FILENAME RECEIVED",
+            "new another points||$D/bin/gedit $D/LAST_OBTAINED_DATA_PTS.dat;$D/bin/gedit "
+            "$D/DPStorage.dat|" });
     }
     void editor()
     {

@@ -1,7 +1,7 @@
 #include "support/EngineRig.h"
 #include "support/TestRegistry.h"
 
-#include "Rows.h"
+#include "support/Rows.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -2,7 +2,7 @@
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 
-#include "Rows.h"
+#include "support/Rows.h"
 
 #include "base/Numbers.h"
 #include "chart/ChartAppearance.h"

@@ -2,7 +2,7 @@
 #include "support/FakePrompter.h"
 #include "support/TestRegistry.h"
 
-#include "Rows.h"
+#include "support/Rows.h"
 
 #include "chart/ChartPanel.h"
 #include "chart/ChartSummary.h"

@@ -1,4 +1,5 @@
 #include "support/AppRig.h"
+#include "support/Rows.h"
 #include "support/TestRegistry.h"
 
 #include "link/RecordParser.h"
@@ -175,10 +176,8 @@ private slots:
     // 23:59:58
     void watchdog_data()
     {
-        QTest::addColumn<QString>("row");
-        for (const char* row : { "r 2 4 -", "r 2 5 !", "r NO-INT 2001 -", "r NO-INT 2002 !",
-                 "r _ 2002 !", "d 2 17 -", "d 2 18 !", "r 2 4 - m", "r 2 5 ! m" })
-            QTest::newRow(row) << QString(row);
+        rows::add({ "r 2 4 -", "r 2 5 !", "r NO-INT 2001 -", "r NO-INT 2002 !", "r _ 2002 !",
+            "d 2 17 -", "d 2 18 !", "r 2 4 - m", "r 2 5 ! m" });
     }
     void watchdog()
     {

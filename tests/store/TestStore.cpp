@@ -10,6 +10,7 @@
 #include "store/TextExport.h"
 #include "support/FakeClock.h"
 #include "support/FakePrompter.h"
+#include "support/Rows.h"
 #include "support/TestFiles.h"
 #include "support/TestRegistry.h"
 #include <QDir>
@@ -70,17 +71,15 @@ private slots:
     // SAVE FILE: a header ($H, parameters $P) unless a download is on hand; Yes appends.
     void saveFile_data()
     {
-        QTest::addColumn<QString>(
-            "row"); // window caption | store | file before | answer | box | file
-        for (const char* row : { "ACQUIRED ...|75\r\n76|-|||$H\r\n75\r\n76\r\n",
-                 "ACQUIRED ...|75|-|||$H$P\r\n\r\n75\r\n",
-                 "STORED DATA POINTS...|75\r\n76|-|||75\r\n76\r\n",
-                 "RECEIVING...|75|old\r\n|Y|DUPLICATE FILE FOUND|old\r\n$H\r\n75\r\n",
-                 "STORED DATA POINTS...|75|old\r\n|Y|DUPLICATE FILE FOUND|old\r\n75\r\n",
-                 "STORED DATA POINTS...|75|old\r\n|N|DUPLICATE FILE FOUND|75\r\n",
-                 "STORED DATA POINTS...|75|old\r\n|C|DUPLICATE FILE FOUND|old\r\n",
-                 "STORED DATA POINTS...||old\r\n||NO DATA TO SAVE|old\r\n" })
-            QTest::newRow(row) << QString(row);
+        // window caption | store | file before | answer | box | file
+        rows::add({ "ACQUIRED ...|75\r\n76|-|||$H\r\n75\r\n76\r\n",
+            "ACQUIRED ...|75|-|||$H$P\r\n\r\n75\r\n",
+            "STORED DATA POINTS...|75\r\n76|-|||75\r\n76\r\n",
+            "RECEIVING...|75|old\r\n|Y|DUPLICATE FILE FOUND|old\r\n$H\r\n75\r\n",
+            "STORED DATA POINTS...|75|old\r\n|Y|DUPLICATE FILE FOUND|old\r\n75\r\n",
+            "STORED DATA POINTS...|75|old\r\n|N|DUPLICATE FILE FOUND|75\r\n",
+            "STORED DATA POINTS...|75|old\r\n|C|DUPLICATE FILE FOUND|old\r\n",
+            "STORED DATA POINTS...||old\r\n||NO DATA TO SAVE|old\r\n" });
     }
     void saveFile()
     {
@@ -121,20 +120,19 @@ private slots:
     // The workbook's table of a run ("R", 2 s apart) or of a download (locations).
     void sheets_data()
     {
-        QTest::addColumn<QString>("row"); // source | text | rows ("x:y") | headings
-        for (const char* row : { "R|\tTITLE\r\n\tDate\r\n\r\n\x07"
-                                 "BATCH 7\r\n\t  DEG F\r\r\n\t\r\n  1234   DEG F\r\n  1235\t  DEG "
-                                 "F\r\n  12\r\n|0:1234 2:1235 4:12|TITLE;Date;BATCH 7;DEG F",
-                 "R|  ----\t  DEG F\r\n  70\r\nabc\r\n  71\r\n|0:70 2:71|",
-                 "R|\t\tINT      2\r\n\tINT      2\r\n||INT      2",
-                 "D|\r\n\t#007\t75\tDEG F\r\n\r\nEMPTY LOCATION - NO "
-                 "DATA.\r\n\r\n\t#009\t80\r\n|7:75 8: "
-                 "9:80|TITLE",
-                 "D|EMPTY LOCATION - NO DATA.\r\n\t#2\t5\r\n|1: 2:5|TITLE",
-                 "D|\t#001\t1\r\n\t#\t2\r\n\t#003\t----\tDEG F\r\n|1:1 2:2 3:|TITLE",
-                 "D|\x07#BATCH\r\n\t\r\n75\r\n\x07LINE 2\r\n\t#010\t60\r\n|10:60|TITLE;#BATCH;LINE "
-                 "2" })
-            QTest::newRow(row) << QString(row);
+        // source | text | rows ("x:y") | headings
+        rows::add({ "R|\tTITLE\r\n\tDate\r\n\r\n\x07"
+                    "BATCH 7\r\n\t  DEG F\r\r\n\t\r\n  1234   DEG F\r\n  1235\t  DEG "
+                    "F\r\n  12\r\n|0:1234 2:1235 4:12|TITLE;Date;BATCH 7;DEG F",
+            "R|  ----\t  DEG F\r\n  70\r\nabc\r\n  71\r\n|0:70 2:71|",
+            "R|\t\tINT      2\r\n\tINT      2\r\n||INT      2",
+            "D|\r\n\t#007\t75\tDEG F\r\n\r\nEMPTY LOCATION - NO "
+            "DATA.\r\n\r\n\t#009\t80\r\n|7:75 8: "
+            "9:80|TITLE",
+            "D|EMPTY LOCATION - NO DATA.\r\n\t#2\t5\r\n|1: 2:5|TITLE",
+            "D|\t#001\t1\r\n\t#\t2\r\n\t#003\t----\tDEG F\r\n|1:1 2:2 3:|TITLE",
+            "D|\x07#BATCH\r\n\t\r\n75\r\n\x07LINE 2\r\n\t#010\t60\r\n|10:60|TITLE;#BATCH;LINE "
+            "2" });
     }
     void sheets()
     {
@@ -154,12 +152,10 @@ private slots:
     {
         // Runs, one an hour: R logged a reading, E none, H without a header, L only a live log, S
         // at the same time as the one before; then the times kept.
-        QTest::addColumn<QString>("row");
-        for (const char* row : { "R=T09-05-07", "RE=T09-05-07", "H=T09-35-07", "L=T09-35-07",
-                 "RS=T09-05-07 T09-05-07-2",
-                 "RRRRRRRRRRRR=T11-05-07 T12-05-07 T13-05-07 T14-05-07 T15-05-07 T16-05-07 "
-                 "T17-05-07 T18-05-07 T19-05-07 T20-05-07" })
-            QTest::newRow(row) << QString(row);
+        rows::add({ "R=T09-05-07", "RE=T09-05-07", "H=T09-35-07", "L=T09-35-07",
+            "RS=T09-05-07 T09-05-07-2",
+            "RRRRRRRRRRRR=T11-05-07 T12-05-07 T13-05-07 T14-05-07 T15-05-07 T16-05-07 "
+            "T17-05-07 T18-05-07 T19-05-07 T20-05-07" });
     }
     void previousRuns()
     {

@@ -1,3 +1,4 @@
+#include "support/Rows.h"
 #include "support/TestRegistry.h"
 
 #include "chart/InMemoryChartSurface.h"
@@ -365,10 +366,8 @@ private slots:
     // Tick labels in the axis's picture ("_" none): picture, lower and upper end, a label.
     void labels_data()
     {
-        QTest::addColumn<QString>("row");
-        for (const char* row : { "#.## 10 14 12", "#.## 12 13 12.2", "#.## 0 0.1 .02",
-                 "#.## 0 1 .2", "#.## -1 0 -.4", "_ 0 1 0.2" })
-            QTest::newRow(row) << QString(row);
+        rows::add({ "#.## 10 14 12", "#.## 12 13 12.2", "#.## 0 0.1 .02", "#.## 0 1 .2",
+            "#.## -1 0 -.4", "_ 0 1 0.2" });
     }
     void labels()
     {

@@ -1,3 +1,4 @@
+#include "support/Rows.h"
 #include "support/TestRegistry.h"
 #include "support/XlsxReader.h"
 #include "xlsx/XlsxWorkbookWriter.h"
@@ -10,13 +11,11 @@ class TestXlsxWorkbook : public QObject {
 private slots:
     void sheetReadsBack_data()
     {
-        QTest::addColumn<QString>(
-            "row"); // headings | every cell, in reference order | first data row
-        for (const char* row : { "TITLE;\x07"
-                                 "BATCH 7 \x01<&>|A1=TITLE A2=BATCH 7 <&> A4=LOCATION A5=1 A6=2 "
-                                 "A7=3 B4=TEMPERATURE B5=75 B7=-12.5|5",
-                 "|A1=LOCATION A2=1 A3=2 A4=3 B1=TEMPERATURE B2=75 B4=-12.5|2" })
-            QTest::newRow(row) << QString(row);
+        // headings | every cell, in reference order | first data row
+        rows::add({ "TITLE;\x07"
+                    "BATCH 7 \x01<&>|A1=TITLE A2=BATCH 7 <&> A4=LOCATION A5=1 A6=2 "
+                    "A7=3 B4=TEMPERATURE B5=75 B7=-12.5|5",
+            "|A1=LOCATION A2=1 A3=2 A4=3 B1=TEMPERATURE B2=75 B4=-12.5|2" });
     }
     void sheetReadsBack()
     {

@@ -2,8 +2,9 @@
 
 #include <QTest>
 
-// Tables one row a line: the line is the row's name and data, fields apart at " | ", the first
-// naming the case; numbers in a field apart at commas or blanks, "-" none (NaN).
+// Tables one row a line: each line is the row's name and its data, in the column "row". Rows
+// whose fields stand apart at " | " name the case in the first (fields()); numbers in a field
+// stand apart at commas or blanks, "-" none (NaN).
 namespace rows {
 inline void add(std::initializer_list<const char*> lines)
 {
